@@ -1,0 +1,7 @@
+#include "logging.h"
+
+Q_LOGGING_CATEGORY(lcApp, "quorvel.app", QtWarningMsg)
+Q_LOGGING_CATEGORY(lcPlayback, "quorvel.playback", QtWarningMsg)
+Q_LOGGING_CATEGORY(lcPlaylist, "quorvel.playlist", QtWarningMsg)
+Q_LOGGING_CATEGORY(lcMedia, "quorvel.media", QtWarningMsg)
+Q_LOGGING_CATEGORY(lcSkin, "quorvel.skin", QtWarningMsg)

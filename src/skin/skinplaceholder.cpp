@@ -1,0 +1,1 @@
+// The skin library grows here.

@@ -1,0 +1,13 @@
+// Test entry: a QApplication exists for every test, so widgets, timers and
+// queued calls work; the platform comes from QT_QPA_PLATFORM (offscreen).
+#include <QApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
