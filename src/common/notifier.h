@@ -5,7 +5,7 @@
 #include <QString>
 #include <QPointer>
 
-class QWidget;
+#include <QWidget>
 
 namespace quorvel {
 

@@ -1,0 +1,18 @@
+#pragma once
+// Application-wide tables built once at start-up.
+
+#include "app/commandline.h"
+#include "media/mediatables.h"
+
+#include <QString>
+
+namespace quorvel {
+
+struct AppTables {
+    QString AppPath;     // the program folder, ending in a separator
+    QString ConfigPath;  // where "Config.cfg" is read and written
+    MediaTables media;   // codec maps and default pictures
+    CommandLine command; // this process's command line
+};
+
+} // namespace quorvel

@@ -1,0 +1,218 @@
+#include "mainwindow.h"
+
+#include "app/instance.h"
+#include "app/unixsignals.h"
+#include "app/videoframe.h"
+#include "common/logging.h"
+#include "common/paths.h"
+#include "media/mediaprobe.h"
+#include "playback/player.h"
+#include "playback/vlcengine.h"
+#include "playlist/listwidgetthumblist.h"
+#include "playlist/playlist.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QSplitter>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace quorvel {
+
+MainWindow::MainWindow()
+{
+    setObjectName(QStringLiteral("frmMain"));
+    buildWidgets();
+}
+
+MainWindow::~MainWindow()
+{
+    // The playlist waits for running probes before the probe goes away.
+    m_playlist.reset();
+    m_player.reset();
+    m_engine.reset();
+}
+
+void MainWindow::buildWidgets()
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+
+    m_splitter = new QSplitter(Qt::Vertical, this);
+    m_splitter->setObjectName(QStringLiteral("SSSplitMain"));
+    m_videoFrame = new VideoFrame(m_splitter);
+    m_listWidget = new QListWidget(m_splitter);
+    m_listWidget->setObjectName(QStringLiteral("FancyList1"));
+    m_listWidget->setIconSize(QSize(64, 64));
+    m_listWidget->setAcceptDrops(true);
+    m_listWidget->setDragDropMode(QAbstractItemView::DropOnly);
+    m_listWidget->viewport()->setAcceptDrops(true);
+    m_listWidget->installEventFilter(this);
+    m_splitter->addWidget(m_videoFrame);
+    m_splitter->addWidget(m_listWidget);
+    m_splitter->setStretchFactor(0, 3);
+    m_splitter->setStretchFactor(1, 2);
+    m_splitter->setSizes({300, 180});
+    layout->addWidget(m_splitter, 1);
+
+    auto *status = new QHBoxLayout;
+    status->setContentsMargins(6, 3, 6, 3);
+    m_timeLabel = new QLabel(QStringLiteral("00:00:00 / 00:00:00"), this);
+    m_timeLabel->setObjectName(QStringLiteral("lblTimeElapsed"));
+    m_rateLabel = new QLabel(this);
+    m_rateLabel->setObjectName(QStringLiteral("lblRate"));
+    m_rateLabel->hide();
+    m_addProgress = new QProgressBar(this);
+    m_addProgress->setObjectName(QStringLiteral("addProgress"));
+    m_addProgress->setMaximumHeight(12);
+    m_addProgress->setTextVisible(false);
+    m_addProgress->hide();
+    status->addWidget(m_timeLabel);
+    status->addWidget(m_rateLabel);
+    status->addStretch(1);
+    status->addWidget(m_addProgress);
+    layout->addLayout(status);
+
+    m_thumbList = std::make_unique<ListWidgetThumbList>(m_listWidget);
+    m_movieTimer = new QTimer(this);
+    m_movieTimer->setObjectName(QStringLiteral("tmrMovie"));
+    m_movieTimer->setInterval(500);
+    connect(m_movieTimer, &QTimer::timeout, this, &MainWindow::monitorTick);
+
+    m_signals = std::make_unique<UnixSignalWatcher>();
+    connect(m_signals.get(), &UnixSignalWatcher::terminationRequested, this, &QWidget::close);
+    m_notifier.setParent(this);
+}
+
+void MainWindow::connectParts()
+{
+    m_playlist->setPlayHandler([this](int index, bool fullScreen) {
+        if (!m_closing)
+            m_player->PlayItem(index, fullScreen);
+    });
+    connect(m_player.get(), &Player::captionChanged, this, &MainWindow::showCaption);
+    connect(m_playlist.get(), &Playlist::addProgress, this, [this](int done, int total) {
+        // Progress shows only while several files are on their way.
+        m_addProgress->setVisible(total > 1 && done < total);
+        m_addProgress->setRange(0, total);
+        m_addProgress->setValue(done);
+    });
+
+    connect(m_listWidget, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) {
+        m_thumbList->noteUserSelection(m_listWidget->row(item));
+    });
+    connect(m_listWidget, &QListWidget::itemActivated, this, [this](QListWidgetItem *item) {
+        const int row = m_listWidget->row(item);
+        m_thumbList->noteUserSelection(row);
+        onListDoubleClicked(row);
+    });
+    connect(m_videoFrame, &VideoFrame::filesDropped, this,
+            [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
+    connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] {
+        if (isFullScreen())
+            enterFullScreen(false);
+    });
+    connect(m_videoFrame, &VideoFrame::escapePressed, this, [this] {
+        if (isFullScreen())
+            enterFullScreen(false);
+    });
+    m_engine->setFullscreenHandler([this](bool on) { enterFullScreen(on); });
+}
+
+void MainWindow::onListDoubleClicked(int index)
+{
+    if (index < 0)
+        return;
+    m_player->PlayItem(index, false);
+}
+
+void MainWindow::showCaption()
+{
+    setWindowTitle(m_playback.CaptionText);
+}
+
+void MainWindow::flashCaption()
+{
+    QApplication::alert(this, 1000);
+}
+
+void MainWindow::enterFullScreen(bool on)
+{
+    if (on == isFullScreen())
+        return;
+    if (on) {
+        m_normalGeometry = geometry();
+        m_listWidget->setProperty("wasVisible", m_listWidget->isVisible());
+        m_listWidget->hide();
+        showFullScreen();
+        m_videoFrame->setFocus();
+    } else {
+        showNormal();
+        if (m_listWidget->property("wasVisible").toBool())
+            m_listWidget->show();
+        if (m_normalGeometry.isValid())
+            setGeometry(m_normalGeometry);
+        m_engine->noteFullscreenLeft();
+    }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && isFullScreen()) {
+        enterFullScreen(false);
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void MainWindow::SetPlaylistPosition(int layoutCode)
+{
+    Q_UNUSED(layoutCode);
+    // The plain window always shows the list below the video.
+}
+
+void MainWindow::monitorTick()
+{
+    if (!m_engine || !m_engine->hasControl() || !m_playback.MediaLoaded)
+        return;
+    const int state = m_engine->state();
+    const double time = m_engine->time();
+    const double length = m_engine->length();
+    m_rateLabel->setVisible(state < Engine::Playing);
+    m_rateLabel->setText(QStringLiteral("Loading..."));
+    qCDebug(lcPlayback).nospace() << "tick state=" << state << " time=" << qint64(time)
+                                  << " length=" << qint64(length);
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (!m_isLoading && !isMaximized() && !isFullScreen()) {
+        m_settings.WindowWidth = width() * kTwipsPerPixel;
+        m_settings.WindowHeight = height() * kTwipsPerPixel;
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (m_closing) {
+        event->accept();
+        return;
+    }
+    m_closing = true;
+    m_movieTimer->stop();
+    WriteConfigurations();
+    // Release the engine before the process ends, so audio and video
+    // outputs close cleanly.
+    if (m_engine)
+        m_engine->destroyControl();
+    event->accept();
+    qCInfo(lcApp) << "closed";
+}
+
+} // namespace quorvel

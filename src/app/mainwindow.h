@@ -1,0 +1,113 @@
+#pragma once
+// The main window is the composition root: it owns the settings, the tables
+// built at start-up, the playback state, the engine, the playlist and the
+// hand-off endpoints, and wires them together. Start-up and shut-down follow
+// a fixed order (mainwindow_startup.cpp); the logic lives in the classes it
+// owns, the window only hosts and forwards.
+
+#include "app/appstate.h"
+#include "app/instance.h"
+#include "app/settings.h"
+#include "common/notifier.h"
+#include "playback/playbackstate.h"
+
+#include <QWidget>
+#include <memory>
+
+class QLabel;
+class QListWidget;
+class QProgressBar;
+class QSplitter;
+class QTimer;
+
+namespace quorvel {
+
+class ListWidgetThumbList;
+class MediaProbe;
+class Player;
+class Playlist;
+class RunningMarker;
+class UnixSignalWatcher;
+class VideoFrame;
+class VlcEngine;
+
+class MainWindow : public QWidget {
+    Q_OBJECT
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    // Runs the start-up sequence. Returns false when this process only handed
+    // its command line to the running instance and must end now.
+    bool FormLoad(const QStringList &arguments);
+
+    // Reads "Config.cfg" (defaults on damage), rebuilds the engine options and
+    // applies the window settings.
+    void LoadConfigurations();
+    void WriteConfigurations();
+    void SetLoadedOptions();
+
+    // Adds a file handed over by a later start; `done` runs once it is in.
+    void receiveCommand(const QString &command, std::function<void()> done);
+
+    Settings &settings() { return m_settings; }
+    PlaybackState &playback() { return m_playback; }
+    Playlist &playlist() { return *m_playlist; }
+    Player &player() { return *m_player; }
+    const AppTables &tables() const { return m_tables; }
+    bool isLoading() const { return m_isLoading; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void InitPlayer();
+    void buildWidgets();
+    void connectParts();
+    void showCaption();
+    void enterFullScreen(bool on);
+    void monitorTick();
+    void onListDoubleClicked(int index);
+    void flashCaption();
+
+    // Start-up steps provided by subsystems that grow around the window.
+    void LoadSkinImages() {}
+    void BuildMenu() {}
+    void ApplyAssociations() {}
+    void LoadHistory() {}
+    void SetPlaylistPosition(int layoutCode);
+    void applyPlayModes() {}
+    void requestShutdownPrivilege() {}
+
+    AppTables m_tables;
+    Settings m_settings;
+    SettingsEnvironment m_environment;
+    PlaybackState m_playback;
+    bool m_isLoading = false;
+    bool m_forcePlay = true;
+    bool m_closing = false;
+    QRect m_normalGeometry;
+
+    // Widgets (owned by the window through Qt parenting).
+    QSplitter *m_splitter = nullptr;
+    VideoFrame *m_videoFrame = nullptr;
+    QListWidget *m_listWidget = nullptr;
+    QLabel *m_timeLabel = nullptr;
+    QLabel *m_rateLabel = nullptr;
+    QProgressBar *m_addProgress = nullptr;
+    QTimer *m_movieTimer = nullptr;
+
+    MessageBoxNotifier m_notifier;
+    std::unique_ptr<RunningMarker> m_marker;
+    std::unique_ptr<VlcEngine> m_engine;
+    std::unique_ptr<MediaProbe> m_probe;
+    std::unique_ptr<ListWidgetThumbList> m_thumbList;
+    std::unique_ptr<Playlist> m_playlist;
+    std::unique_ptr<Player> m_player;
+    std::unique_ptr<HandoffServer> m_handoff;
+    std::unique_ptr<UnixSignalWatcher> m_signals;
+};
+
+} // namespace quorvel

@@ -1,0 +1,140 @@
+// Start-up, configuration and the hand-off of the main window, in the fixed
+// order the program has always started in. Steps that belong to parts of the
+// window still growing (skin, menus, associations, history) are named calls
+// that do nothing yet.
+
+#include "mainwindow.h"
+
+#include "app/configfile.h"
+#include "app/instance.h"
+#include "app/videoframe.h"
+#include "common/logging.h"
+#include "common/paths.h"
+#include "media/existingfileprobe.h"
+#include "playback/player.h"
+#include "playback/vlcengine.h"
+#include "playlist/listwidgetthumblist.h"
+#include "playlist/playlist.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QTimer>
+
+namespace quorvel {
+
+bool MainWindow::FormLoad(const QStringList &arguments)
+{
+    m_isLoading = true;
+    m_forcePlay = true;
+    QCoreApplication::setApplicationName(QStringLiteral("Brenlow Quorvel"));
+    m_tables.AppPath = ProgramFolder();
+    m_marker = std::make_unique<RunningMarker>();
+    LoadSkinImages();
+    BuildMenu();
+    InitPlayer();
+    LoadConfigurations();
+    ApplyAssociations();
+    LoadHistory();
+    SetPlaylistPosition(5);
+    m_player->enableMediaControl(MediaAction::Stopped);
+    applyPlayModes();
+
+    // The command line: quotes removed; a trailing " *Add" only adds.
+    m_tables.command = CommandLine::parse(arguments);
+    m_forcePlay = m_tables.command.forcePlay;
+    const QString &handOff = m_tables.command.handOffText;
+    const QString &path = m_tables.command.commandPath;
+
+    const InstanceRegistry::Endpoints known = InstanceRegistry::read();
+    if (known.command != QLatin1String("-1") && !IsSet(m_settings.UseNewInstance)) {
+        if (!handOff.isEmpty()) {
+            if (handoff::endpointAlive(known.probe)) {
+                if (IsSupportedFile(path) && !handoff::send(known.command, handOff))
+                    qCWarning(lcApp) << "the running instance did not take" << handOff;
+                return false;
+            }
+        } else if (handoff::send(known.probe, QStringLiteral("Hello"), 5000)) {
+            return false;
+        }
+    }
+
+    m_handoff = std::make_unique<HandoffServer>();
+    if (m_handoff->listen()) {
+        m_handoff->setCommandHandler(
+            [this](const QString &command, std::function<void()> done) { receiveCommand(command, std::move(done)); });
+        InstanceRegistry::write(m_handoff->endpoints());
+    }
+
+    if (QFileInfo(path).isFile() && IsSupportedFile(path))
+        m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay);
+    m_isLoading = false;
+    m_movieTimer->start();
+    return true;
+}
+
+void MainWindow::InitPlayer()
+{
+    m_playback.VLCOptions = QStringList(9, QString());
+    m_tables.media = MediaTables{};
+    // Default pictures shown for files without a frame of their own.
+    m_tables.media.defaultVideoThumb.load(m_tables.AppPath + QStringLiteral("Video.JPG"));
+    m_tables.media.defaultAudioThumb.load(m_tables.AppPath + QStringLiteral("Audio.JPG"));
+    resize(kStartWidthPx, kStartHeightPx);
+    setMinimumSize(370, 370);
+    m_playback.CaptionText = QStringLiteral("Quorvel");
+    m_playback.IsHalted = false;
+    m_playback.IsStopped = false;
+    showCaption();
+
+    m_engine = std::make_unique<VlcEngine>(m_videoFrame->surface());
+    m_probe = std::make_unique<ExistingFileProbe>(m_tables.media.defaultVideoThumb);
+    m_playlist = std::make_unique<Playlist>(*m_thumbList, *m_probe, m_notifier);
+    m_player = std::make_unique<Player>(*m_engine, m_settings, m_playback, *m_playlist);
+    connectParts();
+    m_player->AddVLCPLayer();
+    requestShutdownPrivilege();
+}
+
+void MainWindow::LoadConfigurations()
+{
+    m_environment = SettingsEnvironment::fromSystem();
+    m_tables.ConfigPath = ConfigFile::locate(m_tables.AppPath);
+    m_settings = ConfigFile::load(m_tables.ConfigPath, m_environment).settings;
+    m_player->SaveVLCOptions();
+    SetLoadedOptions();
+}
+
+void MainWindow::SetLoadedOptions()
+{
+    if (IsSet(m_settings.RememberLastSize) && m_settings.WindowWidth > 0 && m_settings.WindowHeight > 0)
+        resize(m_settings.WindowWidth / kTwipsPerPixel, m_settings.WindowHeight / kTwipsPerPixel);
+    if (IsSet(m_settings.RememberLastPos))
+        move(m_settings.WindowLeft / kTwipsPerPixel, m_settings.WindowTop / kTwipsPerPixel);
+    setWindowFlag(Qt::WindowStaysOnTopHint, IsSet(m_settings.AlwaysOnTop));
+    if (m_playback.MediaLoaded && m_player->rebuildCaption())
+        showCaption();
+    if (m_thumbList->isVisible())
+        SetPlaylistPosition(m_settings.PlaylistPosition);
+}
+
+void MainWindow::WriteConfigurations()
+{
+    if (!isMaximized() && !isFullScreen() && !m_isLoading) {
+        m_settings.WindowLeft = x() * kTwipsPerPixel;
+        m_settings.WindowTop = y() * kTwipsPerPixel;
+    }
+    if (!ConfigFile::write(m_tables.ConfigPath, m_settings))
+        qCWarning(lcApp) << "could not write" << m_tables.ConfigPath;
+}
+
+void MainWindow::receiveCommand(const QString &received, std::function<void()> done)
+{
+    flashCaption();
+    const QString command = CommandLine::stripAddMarker(received);
+    qCDebug(lcApp) << "hand-off received:" << command;
+    // A handed-over file is only added, never started, whatever the marker said.
+    m_playlist->LoadThumb(GetFileTitle(command), command, IsSet(m_settings.LaunchFullScreen), false,
+                          std::move(done));
+}
+
+} // namespace quorvel

@@ -1,0 +1,111 @@
+#include "videoframe.h"
+
+#include "common/paths.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QUrl>
+
+namespace quorvel {
+
+QStringList DroppedPaths(const QMimeData *data)
+{
+    QStringList paths;
+    if (!data || !data->hasUrls())
+        return paths;
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    return paths;
+}
+
+namespace {
+// A drag is welcome only when it brings at least one media file.
+bool offersMedia(const QMimeData *data)
+{
+    for (const QString &p : DroppedPaths(data)) {
+        if (IsSupportedFile(p))
+            return true;
+    }
+    return false;
+}
+} // namespace
+
+VideoFrame::VideoFrame(QWidget *parent) : QWidget(parent), m_surface(new QWidget(this))
+{
+    setObjectName(QStringLiteral("fraVideo"));
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAutoFillBackground(true);
+    QPalette pal = palette();
+    pal.setColor(QPalette::Window, Qt::black);
+    setPalette(pal);
+    m_surface->setObjectName(QStringLiteral("VLCPlayer"));
+    m_surface->setAttribute(Qt::WA_NativeWindow);
+    m_surface->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    m_surface->setAttribute(Qt::WA_OpaquePaintEvent);
+    m_surface->setAutoFillBackground(true);
+    m_surface->setPalette(pal);
+    m_surface->setAcceptDrops(false); // drops reach the frame
+    // The engine leaves mouse events to us; they arrive at the surface.
+    m_surface->installEventFilter(this);
+}
+
+bool VideoFrame::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_surface && event->type() == QEvent::MouseButtonDblClick) {
+        emit doubleClicked();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void VideoFrame::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_surface->setGeometry(rect());
+}
+
+void VideoFrame::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (offersMedia(event->mimeData()))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void VideoFrame::dragMoveEvent(QDragMoveEvent *event)
+{
+    if (offersMedia(event->mimeData()))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void VideoFrame::dropEvent(QDropEvent *event)
+{
+    const QStringList paths = DroppedPaths(event->mimeData());
+    event->acceptProposedAction();
+    emit filesDropped(paths);
+}
+
+void VideoFrame::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    event->accept();
+    emit doubleClicked();
+}
+
+void VideoFrame::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        emit escapePressed();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+} // namespace quorvel

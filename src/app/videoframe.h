@@ -1,0 +1,40 @@
+#pragma once
+// The video area: a black frame holding the native surface the engine draws
+// into. It takes dropped files and the double-click and Escape that leave
+// full screen; everything else is the window's.
+
+#include <QStringList>
+#include <QMimeData>
+#include <QWidget>
+
+namespace quorvel {
+
+class VideoFrame : public QWidget {
+    Q_OBJECT
+public:
+    explicit VideoFrame(QWidget *parent = nullptr);
+    // The native child window handed to the engine.
+    QWidget *surface() const { return m_surface; }
+
+signals:
+    void filesDropped(const QStringList &paths);
+    void doubleClicked();
+    void escapePressed();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QWidget *m_surface;
+};
+
+// Local file paths of a drag's data, in order.
+QStringList DroppedPaths(const QMimeData *data);
+
+} // namespace quorvel

@@ -1,0 +1,72 @@
+#pragma once
+// The playback engine as the rest of the program sees it: exactly the
+// operations the player calls, nothing more.
+//
+// A "control" is one engine player. The program makes a fresh control for
+// every item it starts (createControl after destroyControl), so nothing of
+// one item carries over to the next. Without a control every operation does
+// nothing and every query answers 0 / false: callers need not check.
+//
+// The engine never calls back; the program polls it from the user-interface
+// thread (the playback monitor), so implementations must answer queries
+// without blocking for long.
+
+#include <QString>
+#include <QStringList>
+
+namespace quorvel {
+
+class Engine {
+public:
+    // Values of state(). Anything below Playing means the item is still
+    // opening or buffering.
+    enum State {
+        Idle = 0,
+        Opening = 1,
+        Buffering = 2,
+        Playing = 3,
+        Paused = 4,
+        Stopped = 5,
+        Ended = 6,
+        Error = 7,
+    };
+
+    virtual ~Engine() = default;
+
+    // Makes a new control; the previous one, if any, must have been destroyed.
+    virtual void createControl() = 0;
+    // Drops the control; whatever it was playing ends.
+    virtual void destroyControl() = 0;
+    virtual bool hasControl() const = 0;
+
+    // Appends an item (a file path or "dvd://" + device) with its options
+    // ("overlay", "snapshot-path=...", ...). `name` is a display name or empty.
+    virtual void playlistAdd(const QString &mrl, const QString &name, const QStringList &options) = 0;
+    // Starts or resumes the current item; after stop() it starts again from
+    // the beginning.
+    virtual void play() = 0;
+    // Running <-> paused.
+    virtual void togglePause() = 0;
+    virtual void stop() = 0;
+    // Items in the control's own playlist: 0 or 1 in this program.
+    virtual int itemCount() const = 0;
+
+    virtual int state() const = 0;
+    // Fraction 0..1 of the item; 0 or less while unknown.
+    virtual double position() const = 0;
+    virtual void setPosition(double fraction) = 0;
+    // Elapsed and total milliseconds; the length is 0 while unknown.
+    virtual double time() const = 0;
+    virtual double length() const = 0;
+    // True when the item shows video.
+    virtual bool hasVout() const = 0;
+
+    virtual void setRate(double rate) = 0;
+    // 0..100.
+    virtual void setVolume(int volume) = 0;
+    virtual void toggleMute() = 0;
+    virtual void setFullscreen(bool on) = 0;
+    virtual void toggleFullscreen() = 0;
+};
+
+} // namespace quorvel

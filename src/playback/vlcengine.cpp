@@ -1,0 +1,187 @@
+#include "vlcengine.h"
+
+#include "common/logging.h"
+
+#include <QWidget>
+#include <vlc/vlc.h>
+
+namespace quorvel {
+
+VlcInstance::VlcInstance()
+{
+    // The window draws its own title over nothing: no title overlay, and the
+    // program (not the engine) owns keyboard and mouse on the video.
+    const char *const args[] = {"--no-video-title-show", "--no-stats", "--no-osd"};
+    m_instance = libvlc_new(static_cast<int>(std::size(args)), args);
+    if (!m_instance) {
+        const char *err = libvlc_errmsg();
+        m_error = err ? QString::fromUtf8(err) : QStringLiteral("libVLC could not be started");
+        qCWarning(lcPlayback) << "libVLC failed to start:" << m_error;
+    }
+}
+
+VlcInstance::~VlcInstance()
+{
+    if (m_instance)
+        libvlc_release(m_instance);
+}
+
+void VlcEngine::PlayerDeleter::operator()(libvlc_media_player_t *p) const
+{
+    libvlc_media_player_stop(p);
+    libvlc_media_player_release(p);
+}
+
+VlcEngine::VlcEngine(QWidget *videoSurface) : m_surface(videoSurface) {}
+
+VlcEngine::~VlcEngine()
+{
+    m_player.reset();
+    m_instance.reset();
+}
+
+libvlc_instance_t *VlcEngine::instance()
+{
+    if (!m_instance)
+        m_instance = std::make_unique<VlcInstance>();
+    return m_instance->get();
+}
+
+void VlcEngine::createControl()
+{
+    destroyControl();
+    m_hasControl = true;
+}
+
+void VlcEngine::destroyControl()
+{
+    m_player.reset();
+    m_hasControl = false;
+    m_hasItem = false;
+}
+
+void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStringList &options)
+{
+    Q_UNUSED(name);
+    if (!m_hasControl || m_hasItem)
+        return; // a control holds one item in this program
+    libvlc_instance_t *vlc = instance();
+    if (!vlc)
+        return;
+    const bool isLocation = mrl.contains(QStringLiteral("://"));
+    libvlc_media_t *media = isLocation ? libvlc_media_new_location(vlc, mrl.toUtf8().constData())
+                                       : libvlc_media_new_path(vlc, mrl.toUtf8().constData());
+    if (!media) {
+        qCWarning(lcPlayback) << "engine refused" << mrl;
+        return;
+    }
+    for (const QString &option : options)
+        libvlc_media_add_option(media, (u':' + option).toUtf8().constData());
+    m_player.reset(libvlc_media_player_new_from_media(media));
+    libvlc_media_release(media);
+    if (!m_player)
+        return;
+    m_hasItem = true;
+    libvlc_video_set_mouse_input(m_player.get(), false);
+    libvlc_video_set_key_input(m_player.get(), false);
+    if (m_surface)
+        libvlc_media_player_set_xwindow(m_player.get(), static_cast<uint32_t>(m_surface->winId()));
+    if (m_volume >= 0)
+        libvlc_audio_set_volume(m_player.get(), m_volume);
+}
+
+void VlcEngine::play()
+{
+    if (m_player)
+        libvlc_media_player_play(m_player.get());
+}
+
+void VlcEngine::togglePause()
+{
+    if (m_player)
+        libvlc_media_player_pause(m_player.get());
+}
+
+void VlcEngine::stop()
+{
+    if (m_player)
+        libvlc_media_player_stop(m_player.get());
+}
+
+int VlcEngine::itemCount() const
+{
+    return m_hasItem ? 1 : 0;
+}
+
+int VlcEngine::state() const
+{
+    return m_player ? static_cast<int>(libvlc_media_player_get_state(m_player.get())) : Idle;
+}
+
+double VlcEngine::position() const
+{
+    return m_player ? libvlc_media_player_get_position(m_player.get()) : 0.0;
+}
+
+void VlcEngine::setPosition(double fraction)
+{
+    if (m_player)
+        libvlc_media_player_set_position(m_player.get(), static_cast<float>(qBound(0.0, fraction, 1.0)));
+}
+
+double VlcEngine::time() const
+{
+    if (!m_player)
+        return 0;
+    const libvlc_time_t t = libvlc_media_player_get_time(m_player.get());
+    return t > 0 ? static_cast<double>(t) : 0.0;
+}
+
+double VlcEngine::length() const
+{
+    if (!m_player)
+        return 0;
+    const libvlc_time_t t = libvlc_media_player_get_length(m_player.get());
+    return t > 0 ? static_cast<double>(t) : 0.0;
+}
+
+bool VlcEngine::hasVout() const
+{
+    return m_player && libvlc_media_player_has_vout(m_player.get()) > 0;
+}
+
+void VlcEngine::setRate(double rate)
+{
+    if (m_player)
+        libvlc_media_player_set_rate(m_player.get(), static_cast<float>(rate));
+}
+
+void VlcEngine::setVolume(int volume)
+{
+    // Kept so that the next item starts at the same volume.
+    m_volume = qBound(0, volume, 100);
+    if (m_player)
+        libvlc_audio_set_volume(m_player.get(), m_volume);
+}
+
+void VlcEngine::toggleMute()
+{
+    if (m_player)
+        libvlc_audio_toggle_mute(m_player.get());
+}
+
+void VlcEngine::setFullscreen(bool on)
+{
+    if (!m_hasControl || m_fullscreen == on)
+        return;
+    m_fullscreen = on;
+    if (m_fullscreenHandler)
+        m_fullscreenHandler(on);
+}
+
+void VlcEngine::toggleFullscreen()
+{
+    setFullscreen(!m_fullscreen);
+}
+
+} // namespace quorvel

@@ -1,0 +1,85 @@
+#pragma once
+// The engine on libVLC 3. One libVLC instance serves the whole process; each
+// control is a fresh media player drawing into the video surface widget.
+// Full screen is the window's business (the surface stays where it is), so
+// the engine reports full-screen requests through a callback.
+
+#include "playback/engine.h"
+
+#include <QPointer>
+#include <functional>
+#include <memory>
+
+struct libvlc_instance_t;
+struct libvlc_media_player_t;
+#include <QWidget>
+
+namespace quorvel {
+
+// Owns the process's libVLC instance.
+class VlcInstance {
+public:
+    VlcInstance();
+    ~VlcInstance();
+    VlcInstance(const VlcInstance &) = delete;
+    VlcInstance &operator=(const VlcInstance &) = delete;
+
+    libvlc_instance_t *get() const { return m_instance; }
+    bool isValid() const { return m_instance != nullptr; }
+    QString lastError() const { return m_error; }
+
+private:
+    libvlc_instance_t *m_instance = nullptr;
+    QString m_error;
+};
+
+class VlcEngine final : public Engine {
+public:
+    // The instance is created on the first control that plays something, so
+    // a process that only hands its file to a running instance never loads
+    // the engine's plugins.
+    explicit VlcEngine(QWidget *videoSurface);
+    ~VlcEngine() override;
+
+    void setFullscreenHandler(std::function<void(bool)> handler) { m_fullscreenHandler = std::move(handler); }
+    bool isFullscreen() const { return m_fullscreen; }
+    // The window left full screen by itself (Escape, double-click).
+    void noteFullscreenLeft() { m_fullscreen = false; }
+
+    void createControl() override;
+    void destroyControl() override;
+    bool hasControl() const override { return m_hasControl; }
+    void playlistAdd(const QString &mrl, const QString &name, const QStringList &options) override;
+    void play() override;
+    void togglePause() override;
+    void stop() override;
+    int itemCount() const override;
+    int state() const override;
+    double position() const override;
+    void setPosition(double fraction) override;
+    double time() const override;
+    double length() const override;
+    bool hasVout() const override;
+    void setRate(double rate) override;
+    void setVolume(int volume) override;
+    void toggleMute() override;
+    void setFullscreen(bool on) override;
+    void toggleFullscreen() override;
+
+private:
+    struct PlayerDeleter {
+        void operator()(libvlc_media_player_t *p) const;
+    };
+    libvlc_instance_t *instance();
+
+    QPointer<QWidget> m_surface;
+    std::unique_ptr<VlcInstance> m_instance;
+    std::unique_ptr<libvlc_media_player_t, PlayerDeleter> m_player;
+    bool m_hasControl = false;
+    bool m_hasItem = false;
+    bool m_fullscreen = false;
+    int m_volume = -1;
+    std::function<void(bool)> m_fullscreenHandler;
+};
+
+} // namespace quorvel
