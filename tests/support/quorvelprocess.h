@@ -1,0 +1,55 @@
+#pragma once
+// Runs the real program for end-to-end tests: a private copy of the program
+// folder (so "Config.cfg" and the settings store belong to the test), a
+// private home and runtime folder, and a log of what the program traces.
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QRegularExpression>
+#include <QString>
+#include <QTemporaryDir>
+#include <memory>
+
+namespace quorvel::test {
+
+// A program folder and a user of its own.
+class Sandbox {
+public:
+    Sandbox();
+    bool isValid() const { return m_dir.isValid(); }
+    QString programDir() const { return m_dir.path() + QStringLiteral("/program"); }
+    QString program() const { return programDir() + QStringLiteral("/quorvel"); }
+    QString configPath() const { return programDir() + QStringLiteral("/Config.cfg"); }
+    QString homeDir() const { return m_dir.path() + QStringLiteral("/home"); }
+    QString path(const QString &name) const { return m_dir.path() + u'/' + name; }
+    // The environment a program of this sandbox runs in (DISPLAY set when given).
+    QProcessEnvironment environment(const QString &display = QString()) const;
+
+private:
+    QTemporaryDir m_dir;
+};
+
+class QuorvelProcess {
+public:
+    QuorvelProcess(const Sandbox &sandbox, const QString &display);
+    ~QuorvelProcess();
+
+    void start(const QStringList &arguments);
+    bool waitForStarted();
+    // Waits until the trace holds a line matching `pattern`; returns the match.
+    QRegularExpressionMatch waitForLog(const QString &pattern, int timeoutMs = 30000);
+    bool waitForExit(int timeoutMs = 30000);
+    void terminate();  // SIGTERM
+    void kill();       // SIGKILL
+    QString log();
+    int exitCode() const { return m_process->exitCode(); }
+    QProcess::ExitStatus exitStatus() const { return m_process->exitStatus(); }
+    qint64 pid() const { return m_process->processId(); }
+    bool isRunning() const { return m_process->state() != QProcess::NotRunning; }
+
+private:
+    std::unique_ptr<QProcess> m_process;
+    QString m_log;
+};
+
+} // namespace quorvel::test
