@@ -1,0 +1,88 @@
+// The real libVLC engine on a generated clip. No window is involved: the
+// engine runs without a surface, which is enough for its state and times.
+#include "playback/vlcengine.h"
+#include "support/mediagen.h"
+
+#include <QElapsedTimer>
+#include <QThread>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+// Polls as the monitor does until `pred` holds or the engine has had ample time.
+template <typename Pred>
+bool pollUntil(Pred pred)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!pred()) {
+        if (clock.elapsed() > 20000)
+            return false;
+        QThread::msleep(50);
+    }
+    return true;
+}
+} // namespace
+
+TEST(VlcEngine, WithoutAControlEverythingIsQuiet)
+{
+    VlcEngine engine(nullptr);
+    EXPECT_FALSE(engine.hasControl());
+    engine.playlistAdd(u"/nothing.mp4"_qs, QString(), {});
+    engine.play();
+    engine.stop();
+    EXPECT_EQ(engine.itemCount(), 0);
+    EXPECT_EQ(engine.state(), Engine::Idle);
+    EXPECT_EQ(engine.time(), 0);
+    EXPECT_EQ(engine.length(), 0);
+    EXPECT_LE(engine.position(), 0);
+}
+
+TEST(VlcEngine, PlaysStopsAndRestartsARealClip)
+{
+    const QString clip = test::makeMedia(
+        u"engine-audio.wav"_qs, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=300:duration=3"_qs});
+    ASSERT_FALSE(clip.isEmpty());
+    VlcEngine engine(nullptr);
+    engine.createControl();
+    engine.playlistAdd(clip, QString(), {u"no-snapshot-preview"_qs});
+    EXPECT_EQ(engine.itemCount(), 1);
+    engine.playlistAdd(clip, QString(), {}); // one item per control
+    EXPECT_EQ(engine.itemCount(), 1);
+    engine.play();
+    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Playing && engine.time() > 300; }))
+        << "state " << engine.state();
+    EXPECT_NEAR(engine.length(), 3000, 200);
+    EXPECT_GT(engine.position(), 0);
+    engine.setRate(2.0);
+
+    engine.togglePause();
+    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Paused; }));
+    engine.togglePause();
+    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Playing; }));
+
+    engine.stop();
+    EXPECT_TRUE(pollUntil([&] { return engine.state() == Engine::Stopped || engine.state() == Engine::Idle; }));
+    engine.play(); // from the beginning again
+    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Playing; }));
+    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Ended; }));
+
+    // A new control forgets the old item.
+    engine.createControl();
+    EXPECT_EQ(engine.itemCount(), 0);
+    EXPECT_EQ(engine.state(), Engine::Idle);
+    engine.destroyControl();
+    EXPECT_FALSE(engine.hasControl());
+}
+
+TEST(VlcEngine, AFileThatCannotBeOpenedNeverPlays)
+{
+    VlcEngine engine(nullptr);
+    engine.createControl();
+    engine.playlistAdd(u"/no/such/file.mp4"_qs, QString(), {});
+    engine.play();
+    EXPECT_TRUE(pollUntil([&] { return engine.state() == Engine::Error || engine.state() == Engine::Ended; }))
+        << engine.state();
+    EXPECT_EQ(engine.length(), 0);
+}

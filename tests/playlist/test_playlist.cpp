@@ -1,0 +1,165 @@
+#include "playlist/playlist.h"
+#include "support/recordingnotifier.h"
+
+#include <QCoreApplication>
+#include <QMutex>
+#include <QRandomGenerator>
+#include <QThread>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+using quorvel::test::RecordingNotifier;
+
+namespace {
+
+// Answers after a random pause, so probes finish out of order; refuses
+// paths containing "bad" and has something to say about "quiet" ones.
+class ScriptedProbe final : public MediaProbe {
+public:
+    ProbeResult probe(const QString &path) override
+    {
+        QThread::msleep(QRandomGenerator::global()->bounded(15));
+        {
+            QMutexLocker lock(&m_mutex);
+            ++probed;
+        }
+        ProbeResult r;
+        if (path.contains(u"bad")) {
+            r.error = QStringLiteral("Unsupported video codec");
+            return r;
+        }
+        r.ok = true;
+        r.mediaInfo = QStringLiteral("report of ") + path;
+        if (path.contains(u"quiet"))
+            r.notices << QStringLiteral("no sound in ") + path;
+        return r;
+    }
+    int probed = 0;
+
+private:
+    QMutex m_mutex;
+};
+
+struct PlaylistFixture : ::testing::Test {
+    MemoryThumbList list;
+    ScriptedProbe probe;
+    RecordingNotifier notifier;
+    Playlist playlist{list, probe, notifier};
+    QList<QPair<int, bool>> played;
+    int orderBuilds = 0;
+
+    void SetUp() override
+    {
+        playlist.setPlayHandler([this](int index, bool fullScreen) { played.append({index, fullScreen}); });
+        playlist.setOrderHandler([this] { ++orderBuilds; });
+    }
+    void add(const QString &path, bool fullScreen = false, bool forcePlay = false)
+    {
+        playlist.LoadThumb(path.mid(path.lastIndexOf(u'/') + 1), path, fullScreen, forcePlay);
+    }
+};
+
+} // namespace
+
+TEST_F(PlaylistFixture, FilesEnterInTheOrderAskedWhateverTheProbeOrder)
+{
+    QStringList paths;
+    for (int i = 0; i < 30; ++i)
+        paths << QStringLiteral("/m/clip%1.mp4").arg(i);
+    paths.insert(7, QStringLiteral("/m/bad7.mp4"));
+    paths.insert(12, QStringLiteral("/m/quiet.mp3"));
+    int finished = 0;
+    for (const QString &p : paths)
+        playlist.LoadThumb(p.mid(3), p, false, false, [&finished] { ++finished; });
+    playlist.waitForAdds();
+
+    EXPECT_EQ(finished, paths.size());
+    QStringList expected = paths;
+    expected.removeAll(QStringLiteral("/m/bad7.mp4"));
+    EXPECT_EQ(playlist.fullPaths(), expected);
+    ASSERT_EQ(list.count(), playlist.count());
+    for (int i = 0; i < playlist.count(); ++i) {
+        EXPECT_EQ(list.itemText(i), expected[i].mid(3));
+        EXPECT_EQ(playlist.mediaInfo(i), u"report of "_qs + expected[i]);
+    }
+    // Messages come in the order of the files they are about.
+    ASSERT_EQ(notifier.texts().size(), 2);
+    EXPECT_EQ(notifier.texts()[0], u"Cannot open file </m/bad7.mp4>\r\nUnsupported video codec"_qs);
+    EXPECT_EQ(notifier.texts()[1], u"no sound in /m/quiet.mp3"_qs);
+    // Every successful add rebuilt the order; the refused one did not.
+    EXPECT_EQ(orderBuilds, expected.size());
+    EXPECT_TRUE(played.isEmpty());
+    EXPECT_EQ(list.selectedItem(), -1);
+}
+
+TEST_F(PlaylistFixture, DuplicatesAreRefusedCaseSensitivelyAndForcePlayPlaysTheLast)
+{
+    add(u"/v/a.avi"_qs);
+    add(u"/v/b.avi"_qs);
+    add(u"/V/a.avi"_qs);          // another path: a second entry
+    add(u"/v/a.avi"_qs, true, true); // duplicate with play: plays the last entry
+    playlist.waitForAdds();
+    EXPECT_EQ(playlist.count(), 3);
+    ASSERT_EQ(notifier.texts().size(), 1);
+    EXPECT_EQ(notifier.texts()[0], u"\"a.avi\" is already in your playlist"_qs);
+    EXPECT_EQ(notifier.messages[0].icon, MessageNotifier::Icon::Information);
+    ASSERT_EQ(played.size(), 1);
+    EXPECT_EQ(played[0], qMakePair(2, true));
+    EXPECT_EQ(list.selectedItem(), 2);
+
+    // The same file asked for twice before the first has entered.
+    add(u"/v/c.avi"_qs);
+    add(u"/v/c.avi"_qs);
+    playlist.waitForAdds();
+    EXPECT_EQ(playlist.fullPaths().count(u"/v/c.avi"_qs), 1);
+    EXPECT_EQ(notifier.texts().size(), 2);
+}
+
+TEST_F(PlaylistFixture, AFailedProbeChangesNothing)
+{
+    add(u"/v/a.avi"_qs);
+    playlist.waitForAdds();
+    list.setSelectedItem(0);
+    const int builds = orderBuilds;
+    add(u"/v/bad.avi"_qs, false, true);
+    playlist.waitForAdds();
+    EXPECT_EQ(playlist.count(), 1);
+    EXPECT_EQ(list.selectedItem(), 0);
+    EXPECT_TRUE(played.isEmpty());
+    EXPECT_EQ(orderBuilds, builds);
+    EXPECT_EQ(notifier.messages.back().icon, MessageNotifier::Icon::Exclamation);
+}
+
+TEST_F(PlaylistFixture, RemovingKeepsTheStoresTogether)
+{
+    QList<int> removed;
+    playlist.setRemoveHandler([&](int k) { removed << k; });
+    for (const char *p : {"/a.mp3", "/b.mp3", "/c.mp3"})
+        add(QString::fromLatin1(p));
+    playlist.waitForAdds();
+
+    list.setSelectedItem(1);
+    playlist.removeSelected();
+    EXPECT_EQ(playlist.fullPaths(), (QStringList{u"/a.mp3"_qs, u"/c.mp3"_qs}));
+    EXPECT_EQ(playlist.mediaInfo(1), u"report of /c.mp3"_qs);
+    EXPECT_EQ(list.itemText(1), u"c.mp3"_qs);
+    EXPECT_EQ(list.selectedItem(), 1); // now the next entry
+
+    playlist.removeSelected(); // removes the last; the selection stays past the end
+    EXPECT_EQ(playlist.count(), 1);
+    EXPECT_EQ(list.selectedItem(), 1);
+    playlist.removeSelected(); // nothing is current: no effect
+    EXPECT_EQ(playlist.count(), 1);
+
+    playlist.removeAll();
+    EXPECT_EQ(playlist.count(), 0);
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_EQ(list.selectedItem(), -1);
+    EXPECT_EQ(removed, (QList<int>{1, 1, -1}));
+}
+
+TEST(Playlist, DroppedPathsKeepOnlyMediaInOrder)
+{
+    EXPECT_EQ(SupportedPaths({u"/x/A.AVI"_qs, u"/x/b.txt"_qs, u"/x/c.mkv"_qs, u"/x/folder"_qs}),
+              (QStringList{u"/x/A.AVI"_qs, u"/x/c.mkv"_qs}));
+}
