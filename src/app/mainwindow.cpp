@@ -212,7 +212,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     if (m_engine)
         m_engine->destroyControl();
     event->accept();
-    qCInfo(lcApp) << "closed";
+    qCDebug(lcApp) << "closed";
 }
 
 } // namespace quorvel

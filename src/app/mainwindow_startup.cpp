@@ -60,6 +60,8 @@ bool MainWindow::FormLoad(const QStringList &arguments)
 
     m_handoff = std::make_unique<HandoffServer>();
     if (m_handoff->listen()) {
+        connect(m_handoff.get(), &HandoffServer::helloReceived, this,
+                [] { qCDebug(lcApp) << "a later start found this instance running"; });
         m_handoff->setCommandHandler(
             [this](const QString &command, std::function<void()> done) { receiveCommand(command, std::move(done)); });
         InstanceRegistry::write(m_handoff->endpoints());
@@ -69,6 +71,7 @@ bool MainWindow::FormLoad(const QStringList &arguments)
         m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay);
     m_isLoading = false;
     m_movieTimer->start();
+    qCDebug(lcApp) << "running instance ready";
     return true;
 }
 

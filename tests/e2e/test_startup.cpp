@@ -1,0 +1,178 @@
+// The program as a user meets it: starting with a file, later starts handing
+// their files over, a killed instance, closing by signal.
+#include "e2efixture.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QRegularExpression>
+#include <QThread>
+#include <csignal>
+
+using namespace quorvel::test;
+
+namespace {
+
+QString clip()
+{
+    return makeClip(QStringLiteral("e2e-clip.mp4"), 6, QStringLiteral("320x240"));
+}
+
+// Engine times reported by the monitor's trace, in order.
+QList<qint64> playingTimes(const QString &log)
+{
+    QList<qint64> times;
+    static const QRegularExpression re(QStringLiteral("tick state=3 time=(\\d+)"));
+    for (auto it = re.globalMatch(log); it.hasNext();)
+        times << it.next().captured(1).toLongLong();
+    return times;
+}
+
+int countOf(const QString &log, const QString &text)
+{
+    return static_cast<int>(log.count(text));
+}
+
+} // namespace
+
+TEST_F(E2eTest, PlaysAFileGivenOnTheCommandLine)
+{
+    const QString file = copyOf(clip(), QStringLiteral("my clip.mp4"));
+    auto q = launchInstance({file});
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch()) << q->log().toStdString();
+    q->waitForLog(QStringLiteral("tick state=3 time=[2-9]\\d{3}"));
+    const QList<qint64> times = playingTimes(q->log());
+    ASSERT_GE(times.size(), 2);
+    EXPECT_GT(times.last(), times.first()); // time advances
+
+    // The window shows the video: the test picture is colourful, the idle frame black.
+    const QString shot = outputDir() + QStringLiteral("/startup-playing.png");
+    ASSERT_TRUE(x().screenshot(shot));
+    const QImage image(shot);
+    ASSERT_FALSE(image.isNull());
+    int colourful = 0;
+    for (int y = 0; y < 250; y += 5) {
+        for (int xpos = 0; xpos < 388; xpos += 5) {
+            const QColor c = image.pixelColor(xpos, y);
+            if (c.saturation() > 120 && c.value() > 120)
+                ++colourful;
+        }
+    }
+    EXPECT_GT(colourful, 100) << "no video visible in " << shot.toStdString();
+
+    // The window's own title is the caption.
+    QString out;
+    QProcess xdotool;
+    xdotool.setProcessEnvironment(x().environment());
+    xdotool.start(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--name"),
+                                             QStringLiteral("^Quorvel - \\(.*my clip\\.mp4\\)$")});
+    xdotool.waitForFinished(10000);
+    EXPECT_FALSE(xdotool.readAll().trimmed().isEmpty()) << "no window titled with the caption";
+
+    q->terminate();
+    ASSERT_TRUE(q->waitForExit());
+    EXPECT_EQ(q->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(q->exitCode(), 0);
+    EXPECT_TRUE(q->log().contains(QStringLiteral("closed")));
+    // Settings were written on the way out.
+    QFile cfg(m_box.configPath());
+    ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
+    EXPECT_EQ(cfg.readAll().count("\r\n"), 46);
+}
+
+TEST_F(E2eTest, LaterStartsHandTheirFilesOverWithoutPlayingThem)
+{
+    const QString first = copyOf(clip(), QStringLiteral("first.mp4"));
+    auto running = launchInstance({first});
+    ASSERT_TRUE(running->waitForLog(QStringLiteral("started .*first\\.mp4")).hasMatch());
+
+    const QString other = copyOf(clip(), QStringLiteral("other, with 'odd' name.mkv"));
+    auto second = launch({other});
+    ASSERT_TRUE(second->waitForExit());
+    EXPECT_EQ(second->exitCode(), 0);
+    EXPECT_FALSE(second->log().contains(QStringLiteral("running instance ready")));
+    // The sender ends only after the file is in.
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*other, with 'odd' name\\.mkv\" as entry 1")).hasMatch())
+        << running->log().toStdString();
+    EXPECT_FALSE(running->log().contains(QStringLiteral("started \"") + other));
+
+    // The add-only marker is cut; the file is still only added.
+    const QString third = copyOf(clip(), QStringLiteral("third.mp4"));
+    auto marker = launch({third, QStringLiteral("*Add")});
+    ASSERT_TRUE(marker->waitForExit());
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*third\\.mp4\" as entry 2")).hasMatch());
+
+    // Without a file a later start only checks the instance is alive, then ends.
+    auto hello = launch({});
+    ASSERT_TRUE(hello->waitForExit());
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("found this instance running")).hasMatch());
+
+    // A file that is not media is not sent at all.
+    auto text = launch({m_box.path(QStringLiteral("notes.txt"))});
+    ASSERT_TRUE(text->waitForExit());
+    EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 2);
+}
+
+TEST_F(E2eTest, TwentyStartsAtOnceAreAllAddedOnce)
+{
+    auto running = launchInstance({});
+    QList<std::shared_ptr<QuorvelProcess>> senders;
+    QStringList files;
+    for (int i = 0; i < 20; ++i)
+        files << copyOf(clip(), QStringLiteral("burst %1.mp4").arg(i));
+    for (const QString &f : files)
+        senders << std::shared_ptr<QuorvelProcess>(launch({f}));
+    for (auto &s : senders) {
+        EXPECT_TRUE(s->waitForExit(120000));
+        EXPECT_EQ(s->exitCode(), 0);
+        EXPECT_FALSE(s->log().contains(QStringLiteral("running instance ready")));
+    }
+    running->waitForLog(QStringLiteral("as entry 19"));
+    const QString log = running->log();
+    for (const QString &f : files)
+        EXPECT_EQ(countOf(log, QStringLiteral("added \"") + f + u'"'), 1) << f.toStdString();
+    EXPECT_EQ(countOf(log, QStringLiteral("is already in")), 0);
+    if (qEnvironmentVariableIsSet("QUORVEL_E2E_VERBOSE"))
+        qWarning("%s", qPrintable(log));
+}
+
+TEST_F(E2eTest, AKilledInstanceIsReplacedByTheNextStart)
+{
+    auto victim = launchInstance({});
+    victim->kill();
+    ASSERT_TRUE(victim->waitForExit());
+
+    const QString file = copyOf(clip(), QStringLiteral("after-kill.mp4"));
+    auto next = launch({file});
+    ASSERT_TRUE(next->waitForLog(QStringLiteral("running instance ready")).hasMatch()) << next->log().toStdString();
+    EXPECT_TRUE(next->waitForLog(QStringLiteral("started .*after-kill\\.mp4")).hasMatch());
+
+    // And it now receives the hand-offs.
+    const QString more = copyOf(clip(), QStringLiteral("more.mp4"));
+    auto sender = launch({more});
+    ASSERT_TRUE(sender->waitForExit());
+    EXPECT_TRUE(next->waitForLog(QStringLiteral("added .*more\\.mp4")).hasMatch());
+}
+
+TEST_F(E2eTest, NewInstanceSettingStartsASeparateReceiver)
+{
+    // A first run writes the defaults; switch on a new instance per start.
+    auto first = launchInstance({});
+    first->terminate();
+    ASSERT_TRUE(first->waitForExit());
+    QFile cfg(m_box.configPath());
+    ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
+    QList<QByteArray> lines = cfg.readAll().split('\n');
+    cfg.close();
+    ASSERT_GE(lines.size(), 46);
+    lines[10] = "-1 \r"; // UseNewInstance
+    ASSERT_TRUE(cfg.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    cfg.write(lines.join('\n'));
+    cfg.close();
+
+    auto a = launchInstance({});
+    const QString file = copyOf(clip(), QStringLiteral("separate.mp4"));
+    auto b = launchInstance({file});
+    EXPECT_TRUE(b->waitForLog(QStringLiteral("started .*separate\\.mp4")).hasMatch());
+    EXPECT_TRUE(a->isRunning());
+    EXPECT_FALSE(a->log().contains(QStringLiteral("separate.mp4")));
+}
