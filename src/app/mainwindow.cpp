@@ -189,6 +189,15 @@ void MainWindow::monitorTick()
                                   << " length=" << qint64(length);
 }
 
+void MainWindow::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+    if (!m_painted) {
+        m_painted = true;
+        qCDebug(lcApp) << "first paint monotonic=" << MonotonicMs();
+    }
+}
+
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);

@@ -61,6 +61,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void InitPlayer();
@@ -88,6 +89,7 @@ private:
     bool m_isLoading = false;
     bool m_forcePlay = true;
     bool m_closing = false;
+    bool m_painted = false;
     QRect m_normalGeometry;
 
     // Widgets (owned by the window through Qt parenting).

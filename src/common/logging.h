@@ -9,3 +9,7 @@ Q_DECLARE_LOGGING_CATEGORY(lcPlayback)
 Q_DECLARE_LOGGING_CATEGORY(lcPlaylist)
 Q_DECLARE_LOGGING_CATEGORY(lcMedia)
 Q_DECLARE_LOGGING_CATEGORY(lcSkin)
+
+// Milliseconds on the system's monotonic clock, comparable between processes:
+// traces carry it so benchmarks can time a start from the outside.
+qint64 MonotonicMs();

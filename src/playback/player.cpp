@@ -55,7 +55,7 @@ void Player::PlayItem(int index, bool fullScreen)
     m_state.VLCOptions[kSnapshotPathOptionIndex] = SnapshotPathOption(m_settings.SnapshotFolder, m_state.CurrentFile);
     m_engine.playlistAdd(m_state.CurrentFile, QString(), m_state.VLCOptions);
     m_engine.play();
-    qCDebug(lcPlayback) << "started" << m_state.CurrentFile;
+    qCDebug(lcPlayback) << "started" << m_state.CurrentFile << "monotonic=" << MonotonicMs();
 
     if (rebuildCaption())
         emit captionChanged(m_state.CaptionText);

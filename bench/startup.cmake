@@ -1,0 +1,9 @@
+# Start-up and first play of the program against a bare libVLC program.
+add_executable(bench_bare_vlc ${CMAKE_CURRENT_LIST_DIR}/startup/bare_vlc.cpp)
+target_link_libraries(bench_bare_vlc PRIVATE quorvel_common Qt6::Widgets PkgConfig::LIBVLC)
+
+add_executable(bench_startup ${CMAKE_CURRENT_LIST_DIR}/startup/bench_startup.cpp)
+target_link_libraries(bench_startup PRIVATE quorvel_test_support Qt6::Widgets)
+target_compile_definitions(bench_startup PRIVATE
+    BARE_VLC_PATH="$<TARGET_FILE:bench_bare_vlc>")
+add_dependencies(bench_startup bench_bare_vlc quorvel quorvel_data)
