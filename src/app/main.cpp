@@ -1,13 +1,12 @@
 // Entry of the program. `quorvel FILE` plays a file (or hands it to the
 // running instance); `quorvel FILE *Add` only adds it.
 
+#include "app/application.h"
 #include "app/mainwindow.h"
-
-#include <QApplication>
 
 int main(int argc, char **argv)
 {
-    QApplication app(argc, argv);
+    quorvel::Application app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
     QStringList arguments = QApplication::arguments();
     arguments.removeFirst();

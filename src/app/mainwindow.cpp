@@ -13,6 +13,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -52,7 +54,7 @@ void MainWindow::buildWidgets()
     m_listWidget->setAcceptDrops(true);
     m_listWidget->setDragDropMode(QAbstractItemView::DropOnly);
     m_listWidget->viewport()->setAcceptDrops(true);
-    m_listWidget->installEventFilter(this);
+    m_listWidget->viewport()->installEventFilter(this);
     m_splitter->addWidget(m_videoFrame);
     m_splitter->addWidget(m_listWidget);
     m_splitter->setStretchFactor(0, 3);
@@ -122,6 +124,34 @@ void MainWindow::connectParts()
             enterFullScreen(false);
     });
     m_engine->setFullscreenHandler([this](bool on) { enterFullScreen(on); });
+}
+
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    // Files dropped on the list are added without playing.
+    if (watched == m_listWidget->viewport()) {
+        switch (event->type()) {
+        case QEvent::DragEnter:
+        case QEvent::DragMove: {
+            auto *drag = static_cast<QDragMoveEvent *>(event);
+            if (!SupportedPaths(DroppedPaths(drag->mimeData())).isEmpty())
+                drag->acceptProposedAction();
+            else
+                drag->ignore();
+            return true;
+        }
+        case QEvent::Drop: {
+            auto *drop = static_cast<QDropEvent *>(event);
+            drop->acceptProposedAction();
+            if (m_playlist)
+                m_playlist->addFiles(SupportedPaths(DroppedPaths(drop->mimeData())), false);
+            return true;
+        }
+        default:
+            break;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void MainWindow::onListDoubleClicked(int index)

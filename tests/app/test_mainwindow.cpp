@@ -1,0 +1,81 @@
+// The main window without a display: start-up without a file, drops on the
+// list and on the video, and the settings written on close.
+#include "app/mainwindow.h"
+#include "app/videoframe.h"
+#include "playback/player.h"
+#include "playlist/playlist.h"
+#include "support/mediagen.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QFile>
+#include <QListWidget>
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+
+void drop(QWidget *target, const QStringList &paths)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString &p : paths)
+        urls << QUrl::fromLocalFile(p);
+    data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent dropEvent(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &dropEvent);
+}
+
+} // namespace
+
+TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
+{
+    QTemporaryDir home;
+    qputenv("XDG_RUNTIME_DIR", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const QString a = test::makeClip(u"window-a.mp4"_qs, 2);
+    const QString b = test::makeClip(u"window-b.mkv"_qs, 2);
+    ASSERT_FALSE(a.isEmpty());
+    ASSERT_FALSE(b.isEmpty());
+    QFile::remove(ProgramFolder() + u"Config.cfg"_qs);
+
+    MainWindow window;
+    ASSERT_TRUE(window.FormLoad({}));
+    EXPECT_FALSE(window.isLoading());
+    EXPECT_EQ(window.windowTitle(), u"Quorvel"_qs);
+    EXPECT_EQ(window.size(), QSize(388, 515));
+    EXPECT_TRUE(QFile::exists(window.tables().ConfigPath)); // defaults written at start
+    EXPECT_TRUE(window.playback().IsStopped && window.playback().IsHalted);
+
+    auto *list = window.findChild<QListWidget *>(u"FancyList1"_qs);
+    auto *video = window.findChild<VideoFrame *>();
+    ASSERT_TRUE(list && video);
+
+    // On the list: media files are added, others skipped, nothing plays.
+    drop(list->viewport(), {a, home.filePath(u"notes.txt"_qs)});
+    window.playlist().waitForAdds();
+    EXPECT_EQ(window.playlist().fullPaths(), QStringList{a});
+    EXPECT_FALSE(window.playback().MediaLoaded);
+
+    // On the video: the first new file plays.
+    drop(video, {b});
+    window.playlist().waitForAdds();
+    EXPECT_EQ(window.playlist().fullPaths(), (QStringList{a, b}));
+    EXPECT_EQ(window.playback().CurrentFile, b);
+    EXPECT_TRUE(window.playback().MediaLoaded);
+    EXPECT_EQ(window.windowTitle(), u"Quorvel - ("_qs + b + u')');
+
+    window.settings().PlayMode = 0;
+    window.close();
+    QFile cfg(window.tables().ConfigPath);
+    ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = cfg.readAll().split('\n');
+    ASSERT_GE(lines.size(), 46);
+    EXPECT_EQ(lines[2], " 0 \r");
+}
