@@ -1,6 +1,7 @@
 #include "mainwindow.h"
 
 #include "app/instance.h"
+#include "app/panesplitter.h"
 #include "app/unixsignals.h"
 #include "app/videoframe.h"
 #include "common/logging.h"
@@ -45,21 +46,17 @@ void MainWindow::buildWidgets()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
 
-    m_splitter = new QSplitter(Qt::Vertical, this);
+    m_splitter = new PaneSplitter(this);
     m_splitter->setObjectName(QStringLiteral("SSSplitMain"));
-    m_videoFrame = new VideoFrame(m_splitter);
-    m_listWidget = new QListWidget(m_splitter);
+    m_videoFrame = new VideoFrame(this);
+    m_listWidget = new QListWidget(this);
     m_listWidget->setObjectName(QStringLiteral("FancyList1"));
     m_listWidget->setIconSize(QSize(64, 64));
     m_listWidget->setAcceptDrops(true);
     m_listWidget->setDragDropMode(QAbstractItemView::DropOnly);
     m_listWidget->viewport()->setAcceptDrops(true);
     m_listWidget->viewport()->installEventFilter(this);
-    m_splitter->addWidget(m_videoFrame);
-    m_splitter->addWidget(m_listWidget);
-    m_splitter->setStretchFactor(0, 3);
-    m_splitter->setStretchFactor(1, 2);
-    m_splitter->setSizes({300, 180});
+    m_splitter->setPaneContent(PaneSplitter::kCentre, m_videoFrame);
     layout->addWidget(m_splitter, 1);
 
     auto *status = new QHBoxLayout;
@@ -202,8 +199,35 @@ void MainWindow::keyPressEvent(QKeyEvent *event)
 
 void MainWindow::SetPlaylistPosition(int layoutCode)
 {
-    Q_UNUSED(layoutCode);
-    // The plain window always shows the list below the video.
+    m_playlistFill = false;
+    for (int pane = 0; pane < 5; ++pane)
+        m_splitter->setLock(pane, false);
+    const PlaylistLayout l = PlaylistLayout::forCode(layoutCode, m_splitter->width(), m_splitter->height());
+    if (l.applies) {
+        const int panes[4] = {0, 1, 3, 4};
+        for (int i = 0; i < 4; ++i)
+            m_splitter->setPaneSize(panes[i], qRound(l.sizes[i]));
+        if (l.contentsChange) {
+            for (int pane : panes) {
+                if (pane != l.holder && m_splitter->paneContent(pane))
+                    m_splitter->setPaneContent(pane, nullptr);
+            }
+            if (l.holder >= 0) {
+                m_splitter->setPaneContent(l.holder, m_listWidget);
+            } else if (l.fill) {
+                const bool shown = !m_listWidget->isHidden();
+                m_listWidget->setParent(this);
+                m_listWidget->setGeometry(m_splitter->geometry());
+                m_listWidget->setVisible(shown);
+                m_playlistFill = true;
+            }
+        }
+        m_splitter->setLock(0, l.locks[0]);
+        m_splitter->setLock(4, l.locks[1]);
+        m_splitter->setLock(1, l.locks[2]);
+        m_splitter->setLock(3, l.locks[3]);
+    }
+    m_listWidget->raise();
 }
 
 void MainWindow::monitorTick()
@@ -231,6 +255,12 @@ void MainWindow::paintEvent(QPaintEvent *event)
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    if (isMinimized())
+        return;
+    if (m_playlistFill)
+        m_listWidget->setGeometry(m_splitter->geometry());
+    if (m_thumbList)
+        SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
     if (!m_isLoading && !isMaximized() && !isFullScreen()) {
         m_settings.WindowWidth = width() * kTwipsPerPixel;
         m_settings.WindowHeight = height() * kTwipsPerPixel;

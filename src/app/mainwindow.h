@@ -17,13 +17,13 @@
 class QLabel;
 class QListWidget;
 class QProgressBar;
-class QSplitter;
 class QTimer;
 
 namespace quorvel {
 
 class ListWidgetThumbList;
 class MediaProbe;
+class PaneSplitter;
 class Player;
 class Playlist;
 class RunningMarker;
@@ -79,7 +79,12 @@ private:
     void BuildMenu() {}
     void ApplyAssociations() {}
     void LoadHistory() {}
+public:
+    // Places the playlist beside, above, below or over the video (codes 0-4)
+    // or leaves it out of the panes (5).
     void SetPlaylistPosition(int layoutCode);
+
+private:
     void applyPlayModes() {}
     void requestShutdownPrivilege() {}
 
@@ -91,10 +96,11 @@ private:
     bool m_forcePlay = true;
     bool m_closing = false;
     bool m_painted = false;
+    bool m_playlistFill = false;
     QRect m_normalGeometry;
 
     // Widgets (owned by the window through Qt parenting).
-    QSplitter *m_splitter = nullptr;
+    PaneSplitter *m_splitter = nullptr;
     VideoFrame *m_videoFrame = nullptr;
     QListWidget *m_listWidget = nullptr;
     QLabel *m_timeLabel = nullptr;

@@ -20,7 +20,8 @@ public:
     QString selectedText() const override { return itemText(m_selected); }
     QString itemText(int index) const override;
     void refresh() override { m_widget->viewport()->update(); }
-    bool isVisible() const override { return m_widget->isVisible(); }
+    // Shown as far as the list itself goes, even while its pane is folded away.
+    bool isVisible() const override { return !m_widget->isHidden(); }
     void setVisible(bool visible) override { m_widget->setVisible(visible); }
 
     // The widget reports a user's choice of row.

@@ -50,7 +50,7 @@ TEST_F(E2eTest, PlaysAFileGivenOnTheCommandLine)
     const QImage image(shot);
     ASSERT_FALSE(image.isNull());
     int colourful = 0;
-    for (int y = 0; y < 250; y += 5) {
+    for (int y = 0; y < 515; y += 5) {
         for (int xpos = 0; xpos < 388; xpos += 5) {
             const QColor c = image.pixelColor(xpos, y);
             if (c.saturation() > 120 && c.value() > 120)
