@@ -1,0 +1,77 @@
+#include "windowresizer.h"
+
+namespace quorvel {
+
+WindowResizer::WindowResizer(int twipsPerPixel)
+    : m_tpp(twipsPerPixel), m_minWidth(370 * twipsPerPixel), m_minHeight(370 * twipsPerPixel)
+{
+}
+
+void WindowResizer::setMinimum(int widthTwips, int heightTwips)
+{
+    m_minWidth = widthTwips;
+    m_minHeight = heightTwips;
+}
+
+void WindowResizer::press(int x, int y, QSize outer)
+{
+    // Later tests win: the corner beats either edge alone.
+    if (inRightBand(x, outer)) {
+        m_width = true;
+        m_height = m_corner = false;
+    }
+    if (inBottomBand(y, outer)) {
+        m_height = true;
+        m_width = m_corner = false;
+    }
+    if (inRightBand(x, outer) && inBottomBand(y, outer)) {
+        m_corner = true;
+        m_width = m_height = false;
+    }
+}
+
+WindowResizer::Move WindowResizer::move(int x, int y, QSize outer)
+{
+    Move result{outer, Qt::ArrowCursor};
+    if (inRightBand(x, outer))
+        result.cursor = Qt::SizeHorCursor;
+    if (inBottomBand(y, outer))
+        result.cursor = Qt::SizeVerCursor;
+    if (inRightBand(x, outer) && inBottomBand(y, outer))
+        result.cursor = Qt::SizeFDiagCursor;
+
+    int newW = outer.width();
+    int newH = outer.height();
+    // A pointer past the left or top edge snaps to the minimum at once.
+    auto grow = [](int size, int pos, int tpp, int last, int minimum) {
+        const int grown = pos > 0 ? size + (pos * tpp - last) : minimum;
+        return grown < minimum ? minimum : grown;
+    };
+    if (m_corner) {
+        newW = grow(newW, x, m_tpp, m_lastX, m_minWidth);
+        newH = grow(newH, y, m_tpp, m_lastY, m_minHeight);
+        if (newH <= m_minHeight && newW <= m_minWidth)
+            m_corner = false;
+    }
+    if (m_width) {
+        newW = grow(newW, x, m_tpp, m_lastX, m_minWidth);
+        if (newW <= m_minWidth)
+            m_width = false;
+    }
+    if (m_height) {
+        newH = grow(newH, y, m_tpp, m_lastY, m_minHeight);
+        if (newH <= m_minHeight && newW <= m_minWidth)
+            m_height = false;
+    }
+    result.outerTwips = QSize(newW, newH);
+    m_lastX = x * m_tpp;
+    m_lastY = y * m_tpp;
+    return result;
+}
+
+void WindowResizer::release()
+{
+    m_corner = m_width = m_height = false;
+}
+
+} // namespace quorvel
