@@ -1,0 +1,68 @@
+#pragma once
+// The keyed menu: every command of the menu bar as an item with a key, a
+// parent key, a kind, a caption, a shortcut and its check, enabled and visible
+// states. Other parts of the program change items only through their keys;
+// the menu bar widget shows the model and reports choices as positions.
+
+#include <QObject>
+#include <QString>
+#include <QVector>
+
+namespace quorvel {
+
+struct MenuItem {
+    enum Kind { Command = 0, Check = 2, Separator = 3 };
+    QString key;
+    QString parentKey;   // empty for the top-level entries
+    int kind = Command;
+    QString caption;     // "&" marks the mnemonic letter
+    int shortcutModifier = 0; // 2 = Ctrl, 0 = none
+    int shortcutKey = 0;      // virtual-key code, 0 = none
+    bool checked = false;
+    bool enabled = true;
+    bool visible = true;
+};
+
+class MenuModel : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    void AddMenuItem(const QString &parentKey, const QString &key, int kind, const QString &caption,
+                     int shortcutModifier = 0, int shortcutKey = 0, bool checked = false, bool enabled = true,
+                     bool visible = true);
+    // Position of the item with `key`, or -1.
+    int IndexOfKey(const QString &key) const;
+    QString KeyAt(int position) const;
+    QString CaptionAt(int position) const;
+    void SetCaption(int position, const QString &text);
+    void SetEnabled(int position, bool enabled);
+    void SetChecked(int position, bool checked);
+    void SetVisible(int position, bool visible);
+
+    // Keyed shorthands for the state changes the program makes.
+    void setEnabled(const QString &key, bool enabled) { SetEnabled(IndexOfKey(key), enabled); }
+    void setChecked(const QString &key, bool checked) { SetChecked(IndexOfKey(key), checked); }
+    bool isChecked(const QString &key) const;
+    bool isEnabled(const QString &key) const;
+    // Checks `key` and unchecks the others of its group.
+    void checkOneOf(const QStringList &group, const QString &key);
+
+    int count() const { return static_cast<int>(m_items.size()); }
+    const MenuItem &item(int position) const { return m_items.at(position); }
+    // Reports a choice by the user.
+    void choose(int position);
+
+signals:
+    void itemChanged(int position);
+    void MenuItemClick(int position);
+
+private:
+    bool valid(int position) const { return position >= 0 && position < count(); }
+    QVector<MenuItem> m_items;
+};
+
+// Builds the program's menu in its fixed order.
+void BuildMenu(MenuModel &menu);
+
+} // namespace quorvel

@@ -1,0 +1,74 @@
+#include "menus/menubarview.h"
+#include "menus/menumodel.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+TEST(MenuModel, BuildsTheFixedTreeInOrder)
+{
+    MenuModel m;
+    BuildMenu(m);
+    EXPECT_EQ(m.count(), 60);
+    EXPECT_EQ(m.KeyAt(0), u"File"_qs);
+    EXPECT_EQ(m.IndexOfKey(u"OpenFile"_qs), 2);
+    EXPECT_EQ(m.IndexOfKey(u"History10"_qs), 21);
+    EXPECT_EQ(m.IndexOfKey(u"PMNormal"_qs), 29);
+    EXPECT_EQ(m.IndexOfKey(u"AfterPlay"_qs), 43);
+    EXPECT_EQ(m.IndexOfKey(u"HelpTopics"_qs), 59);
+    EXPECT_EQ(m.IndexOfKey(QString()), -1); // separators are never looked up
+    EXPECT_EQ(m.IndexOfKey(u"NoSuchKey"_qs), -1);
+    EXPECT_FALSE(m.isEnabled(u"DVDList0"_qs));
+    EXPECT_EQ(m.CaptionAt(m.IndexOfKey(u"DVDList0"_qs)), u"<No DVD drives were found>"_qs);
+    EXPECT_FALSE(m.item(m.IndexOfKey(u"DVDList3"_qs)).visible);
+    EXPECT_FALSE(m.isEnabled(u"History0"_qs));
+    EXPECT_TRUE(m.isChecked(u"PMNormal"_qs));
+    EXPECT_EQ(m.item(m.IndexOfKey(u"Next"_qs)).shortcutKey, 34);
+}
+
+TEST(MenuModel, GroupsKeepOneCheckAndChoicesSkipDisabledItems)
+{
+    MenuModel m;
+    BuildMenu(m);
+    const QStringList group{u"PMNormal"_qs, u"PMContinuous"_qs, u"PMShuffle"_qs};
+    m.checkOneOf(group, u"PMShuffle"_qs);
+    EXPECT_FALSE(m.isChecked(u"PMNormal"_qs));
+    EXPECT_TRUE(m.isChecked(u"PMShuffle"_qs));
+    QList<int> clicks;
+    QObject::connect(&m, &MenuModel::MenuItemClick, [&](int p) { clicks << p; });
+    m.choose(m.IndexOfKey(u"Exit"_qs));
+    m.choose(m.IndexOfKey(u"History0"_qs)); // disabled
+    m.choose(-5);
+    EXPECT_EQ(clicks, QList<int>{m.IndexOfKey(u"Exit"_qs)});
+}
+
+TEST(MenuBarView, FollowsTheModelAndReportsChoices)
+{
+    MenuModel m;
+    BuildMenu(m);
+    QMenuBar bar;
+    MenuBarView view(m, &bar);
+    EXPECT_EQ(bar.actions().size(), 5);
+    QAction *stop = view.actionFor(u"Stop"_qs);
+    ASSERT_TRUE(stop);
+    EXPECT_EQ(stop->shortcut(), QKeySequence(u"Ctrl+S"_qs));
+    m.setEnabled(u"Stop"_qs, false);
+    EXPECT_FALSE(stop->isEnabled());
+    QAction *shuffle = view.actionFor(u"PMShuffle"_qs);
+    ASSERT_TRUE(shuffle && shuffle->isCheckable());
+    m.checkOneOf({u"PMNormal"_qs, u"PMShuffle"_qs}, u"PMShuffle"_qs);
+    EXPECT_TRUE(shuffle->isChecked());
+    ASSERT_TRUE(view.menuFor(u"AfterPlay"_qs));
+    EXPECT_EQ(view.menuFor(u"AfterPlay"_qs)->actions().size(), 4);
+
+    QStringList chosen;
+    QObject::connect(&m, &MenuModel::MenuItemClick, [&](int p) { chosen << m.KeyAt(p); });
+    // A click does not check an item by itself: the program decides.
+    QAction *exitAfter = view.actionFor(u"ExitQuorvel"_qs);
+    exitAfter->trigger();
+    EXPECT_EQ(chosen, QStringList{u"ExitQuorvel"_qs});
+    EXPECT_FALSE(exitAfter->isChecked());
+}
