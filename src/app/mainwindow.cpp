@@ -19,8 +19,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QProgressBar>
-#include <QSplitter>
+#include <QSystemTrayIcon>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -38,6 +39,8 @@ MainWindow::~MainWindow()
     m_playlist.reset();
     m_player.reset();
     m_engine.reset();
+    if (m_tray)
+        m_tray->hide();
 }
 
 void MainWindow::buildWidgets()
@@ -45,6 +48,10 @@ void MainWindow::buildWidgets()
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+
+    m_menuBar = new QMenuBar(this);
+    m_menuBar->setObjectName(QStringLiteral("SmartMenuXP1"));
+    layout->addWidget(m_menuBar);
 
     m_splitter = new PaneSplitter(this);
     m_splitter->setObjectName(QStringLiteral("SSSplitMain"));
@@ -95,6 +102,8 @@ void MainWindow::connectParts()
             m_player->PlayItem(index, fullScreen);
     });
     connect(m_player.get(), &Player::captionChanged, this, &MainWindow::showCaption);
+    connect(m_player.get(), &Player::controlsChanged, this, &MainWindow::followMediaControl);
+    connect(m_playlist.get(), &Playlist::changed, this, &MainWindow::updatePlaylistMenuItems);
     connect(m_playlist.get(), &Playlist::addProgress, this, [this](int done, int total) {
         // Progress shows only while several files are on their way.
         m_addProgress->setVisible(total > 1 && done < total);

@@ -9,12 +9,15 @@
 #include "app/instance.h"
 #include "app/settings.h"
 #include "common/notifier.h"
+#include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 
 #include <QWidget>
 #include <memory>
 
 class QLabel;
+class QMenuBar;
+class QSystemTrayIcon;
 class QListWidget;
 class QProgressBar;
 class QTimer;
@@ -23,6 +26,7 @@ namespace quorvel {
 
 class ListWidgetThumbList;
 class MediaProbe;
+class MenuBarView;
 class PaneSplitter;
 class Player;
 class Playlist;
@@ -54,6 +58,7 @@ public:
     PlaybackState &playback() { return m_playback; }
     Playlist &playlist() { return *m_playlist; }
     Player &player() { return *m_player; }
+    MenuModel &menu() { return m_menu; }
     const AppTables &tables() const { return m_tables; }
     bool isLoading() const { return m_isLoading; }
 
@@ -76,7 +81,11 @@ private:
 
     // Start-up steps provided by subsystems that grow around the window.
     void LoadSkinImages() {}
-    void BuildMenu() {}
+    void BuildMenu();
+    void onMenuItemClick(int position);
+    void followMediaControl(MediaAction action);
+    void updatePlaylistMenuItems();
+    void applyTray();
     void ApplyAssociations() {}
     void LoadHistory() {}
 public:
@@ -107,6 +116,11 @@ private:
     QLabel *m_rateLabel = nullptr;
     QProgressBar *m_addProgress = nullptr;
     QTimer *m_movieTimer = nullptr;
+    QMenuBar *m_menuBar = nullptr;
+    MenuBarView *m_menuView = nullptr;
+    QSystemTrayIcon *m_tray = nullptr;
+
+    MenuModel m_menu;
 
     MessageBoxNotifier m_notifier;
     std::unique_ptr<RunningMarker> m_marker;

@@ -38,6 +38,9 @@ bool MainWindow::FormLoad(const QStringList &arguments)
     SetPlaylistPosition(5);
     m_player->enableMediaControl(MediaAction::Stopped);
     applyPlayModes();
+    m_menu.checkOneOf({QStringLiteral("Donothing"), QStringLiteral("ExitQuorvel"),
+                       QStringLiteral("RestartTheComputer"), QStringLiteral("ShutdownTheComputer")},
+                      QStringLiteral("Donothing"));
 
     // The command line: quotes removed; a trailing " *Add" only adds.
     m_tables.command = CommandLine::parse(arguments);
@@ -78,6 +81,9 @@ bool MainWindow::FormLoad(const QStringList &arguments)
 void MainWindow::InitPlayer()
 {
     m_playback.VLCOptions = QStringList(9, QString());
+    // The playlist is empty: nothing to remove or step through.
+    for (const char *key : {"Remove", "RemoveAll", "Next", "Previous"})
+        m_menu.setEnabled(QLatin1String(key), false);
     m_tables.media = MediaTables{};
     // Default pictures shown for files without a frame of their own.
     m_tables.media.defaultVideoThumb.load(m_tables.AppPath + QStringLiteral("Video.JPG"));
@@ -114,6 +120,7 @@ void MainWindow::SetLoadedOptions()
     if (IsSet(m_settings.RememberLastPos))
         move(m_settings.WindowLeft / kTwipsPerPixel, m_settings.WindowTop / kTwipsPerPixel);
     setWindowFlag(Qt::WindowStaysOnTopHint, IsSet(m_settings.AlwaysOnTop));
+    applyTray();
     if (m_playback.MediaLoaded && m_player->rebuildCaption())
         showCaption();
     if (m_thumbList->isVisible())

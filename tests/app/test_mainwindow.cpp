@@ -52,6 +52,11 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_EQ(window.size(), QSize(388, 515));
     EXPECT_TRUE(QFile::exists(window.tables().ConfigPath)); // defaults written at start
     EXPECT_TRUE(window.playback().IsStopped && window.playback().IsHalted);
+    // Nothing to remove, step through or control yet.
+    for (const char *key : {"Remove", "RemoveAll", "Next", "Previous", "Stop", "FullScreen", "IncreaseSpeed",
+                            "DecreaseSpeed", "ResetSpeed"})
+        EXPECT_FALSE(window.menu().isEnabled(QLatin1String(key))) << key;
+    EXPECT_TRUE(window.menu().isChecked(u"Donothing"_qs));
 
     auto *list = window.findChild<QListWidget *>(u"FancyList1"_qs);
     auto *video = window.findChild<VideoFrame *>();
@@ -70,6 +75,8 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_EQ(window.playback().CurrentFile, b);
     EXPECT_TRUE(window.playback().MediaLoaded);
     EXPECT_EQ(window.windowTitle(), u"Quorvel - ("_qs + b + u')');
+    EXPECT_TRUE(window.menu().isEnabled(u"Stop"_qs));
+    EXPECT_TRUE(window.menu().isEnabled(u"Remove"_qs));
 
     window.settings().PlayMode = 0;
     window.close();
