@@ -4,12 +4,19 @@
 #include "app/application.h"
 #include "app/mainwindow.h"
 
+#include <QFile>
+
 int main(int argc, char **argv)
 {
-    quorvel::Application app(argc, argv);
+    // Taken before Qt sees them: Qt would swallow a file named like one of
+    // its own options ("-reverse", "-style").
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QFile::decodeName(argv[i]);
+
+    int qtArgc = 1;
+    quorvel::Application app(qtArgc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
-    QStringList arguments = QApplication::arguments();
-    arguments.removeFirst();
 
     quorvel::MainWindow window;
     if (!window.FormLoad(arguments))

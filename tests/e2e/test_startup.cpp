@@ -101,6 +101,13 @@ TEST_F(E2eTest, LaterStartsHandTheirFilesOverWithoutPlayingThem)
     ASSERT_TRUE(marker->waitForExit());
     EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*third\\.mp4\" as entry 2")).hasMatch());
 
+    // Names a shell or Qt might take for something else.
+    const QString dashed = copyOf(clip(), QStringLiteral("-reverse ünïcode #1.mp4"));
+    auto odd = launch({dashed});
+    ASSERT_TRUE(odd->waitForExit());
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*-reverse ünïcode #1\\.mp4\" as entry 3")).hasMatch())
+        << running->log().toStdString();
+
     // Without a file a later start only checks the instance is alive, then ends.
     auto hello = launch({});
     ASSERT_TRUE(hello->waitForExit());
@@ -109,7 +116,7 @@ TEST_F(E2eTest, LaterStartsHandTheirFilesOverWithoutPlayingThem)
     // A file that is not media is not sent at all.
     auto text = launch({m_box.path(QStringLiteral("notes.txt"))});
     ASSERT_TRUE(text->waitForExit());
-    EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 2);
+    EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 3);
 }
 
 TEST_F(E2eTest, TwentyStartsAtOnceAreAllAddedOnce)
