@@ -8,6 +8,10 @@
 #include "common/paths.h"
 #include "media/mediaprobe.h"
 #include "playback/player.h"
+#include "playback/playsequence.h"
+#include "playback/powercontrol.h"
+#include "playback/transport.h"
+#include "playlist/opendialog.h"
 #include "playback/vlcengine.h"
 #include "playlist/listwidgetthumblist.h"
 #include "playlist/playlist.h"
@@ -82,13 +86,17 @@ void MainWindow::buildWidgets()
     status->addWidget(m_rateLabel);
     status->addStretch(1);
     status->addWidget(m_addProgress);
+    m_progress = new QProgressBar(this);
+    m_progress->setObjectName(QStringLiteral("IMGProgress"));
+    m_progress->setRange(0, 100);
+    m_progress->setValue(0);
+    m_progress->setTextVisible(false);
+    m_progress->setMaximumHeight(8);
+    layout->addWidget(m_progress);
     layout->addLayout(status);
+    buildControls(layout);
 
     m_thumbList = std::make_unique<ListWidgetThumbList>(m_listWidget);
-    m_movieTimer = new QTimer(this);
-    m_movieTimer->setObjectName(QStringLiteral("tmrMovie"));
-    m_movieTimer->setInterval(500);
-    connect(m_movieTimer, &QTimer::timeout, this, &MainWindow::monitorTick);
 
     m_signals = std::make_unique<UnixSignalWatcher>();
     connect(m_signals.get(), &UnixSignalWatcher::terminationRequested, this, &QWidget::close);
@@ -101,6 +109,8 @@ void MainWindow::connectParts()
         if (!m_closing)
             m_player->PlayItem(index, fullScreen);
     });
+    m_playlist->setOrderHandler([this] { m_transport->rebuildOrder(); });
+    m_playlist->setRemoveHandler([this](int k) { m_transport->sequence().removeAt(k); });
     connect(m_player.get(), &Player::captionChanged, this, &MainWindow::showCaption);
     connect(m_player.get(), &Player::controlsChanged, this, &MainWindow::followMediaControl);
     connect(m_playlist.get(), &Playlist::changed, this, &MainWindow::updatePlaylistMenuItems);
@@ -112,7 +122,9 @@ void MainWindow::connectParts()
     });
 
     connect(m_listWidget, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) {
-        m_thumbList->noteUserSelection(m_listWidget->row(item));
+        const int row = m_listWidget->row(item);
+        m_thumbList->noteUserSelection(row);
+        onListClicked(row);
     });
     connect(m_listWidget, &QListWidget::itemActivated, this, [this](QListWidgetItem *item) {
         const int row = m_listWidget->row(item);
@@ -160,11 +172,20 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+void MainWindow::onListClicked(int index)
+{
+    if (m_settings.PlayMode != PlayShuffle)
+        m_transport->sequence().setCursor(index);
+}
+
 void MainWindow::onListDoubleClicked(int index)
 {
     if (index < 0)
         return;
     m_player->PlayItem(index, false);
+    m_listWidget->hide();
+    SetPlaylistPosition(5);
+    m_transport->sequence().setCursor(index);
 }
 
 void MainWindow::showCaption()
@@ -239,19 +260,6 @@ void MainWindow::SetPlaylistPosition(int layoutCode)
     m_listWidget->raise();
 }
 
-void MainWindow::monitorTick()
-{
-    if (!m_engine || !m_engine->hasControl() || !m_playback.MediaLoaded)
-        return;
-    const int state = m_engine->state();
-    const double time = m_engine->time();
-    const double length = m_engine->length();
-    m_rateLabel->setVisible(state < Engine::Playing);
-    m_rateLabel->setText(QStringLiteral("Loading..."));
-    qCDebug(lcPlayback).nospace() << "tick state=" << state << " time=" << qint64(time)
-                                  << " length=" << qint64(length);
-}
-
 void MainWindow::paintEvent(QPaintEvent *event)
 {
     QWidget::paintEvent(event);
@@ -283,7 +291,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
         return;
     }
     m_closing = true;
-    m_movieTimer->stop();
+    if (m_transport) {
+        m_transport->movieTimer().stop();
+        m_transport->rewindTimer().stop();
+    }
     WriteConfigurations();
     // Release the engine before the process ends, so audio and video
     // outputs close cleanly.

@@ -11,10 +11,14 @@
 #include "common/notifier.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
+#include "playback/transport.h"
 
+#include <QHash>
 #include <QWidget>
 #include <memory>
 
+class QBoxLayout;
+class QToolButton;
 class QLabel;
 class QMenuBar;
 class QSystemTrayIcon;
@@ -24,7 +28,11 @@ class QTimer;
 
 namespace quorvel {
 
+class DialogFileChooser;
 class ListWidgetThumbList;
+class OpenFilesCommand;
+class PowerControl;
+class Transport;
 class MediaProbe;
 class MenuBarView;
 class PaneSplitter;
@@ -35,7 +43,7 @@ class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
 
-class MainWindow : public QWidget {
+class MainWindow : public QWidget, public TransportView {
     Q_OBJECT
 public:
     MainWindow();
@@ -58,6 +66,7 @@ public:
     PlaybackState &playback() { return m_playback; }
     Playlist &playlist() { return *m_playlist; }
     Player &player() { return *m_player; }
+    Transport &transport() { return *m_transport; }
     MenuModel &menu() { return m_menu; }
     const AppTables &tables() const { return m_tables; }
     bool isLoading() const { return m_isLoading; }
@@ -75,7 +84,17 @@ private:
     void connectParts();
     void showCaption();
     void enterFullScreen(bool on);
-    void monitorTick();
+    void buildControls(QBoxLayout *layout);
+    void onListClicked(int index);
+
+    // What the transport shows through the window.
+    void setTimeText(const QString &text) override;
+    void setRateText(const QString &text, bool visible) override;
+    void setProgressPercent(int percent) override;
+    void openFiles(bool append) override;
+    void togglePlaylist() override;
+    void closeWindow() override;
+    void controlsChanged() override;
     void onListDoubleClicked(int index);
     void flashCaption();
 
@@ -94,7 +113,6 @@ public:
     void SetPlaylistPosition(int layoutCode);
 
 private:
-    void applyPlayModes() {}
     void requestShutdownPrivilege() {}
 
     AppTables m_tables;
@@ -115,7 +133,8 @@ private:
     QLabel *m_timeLabel = nullptr;
     QLabel *m_rateLabel = nullptr;
     QProgressBar *m_addProgress = nullptr;
-    QTimer *m_movieTimer = nullptr;
+    QProgressBar *m_progress = nullptr;
+    QHash<QString, QToolButton *> m_buttons;
     QMenuBar *m_menuBar = nullptr;
     MenuBarView *m_menuView = nullptr;
     QSystemTrayIcon *m_tray = nullptr;
@@ -129,6 +148,10 @@ private:
     std::unique_ptr<ListWidgetThumbList> m_thumbList;
     std::unique_ptr<Playlist> m_playlist;
     std::unique_ptr<Player> m_player;
+    std::unique_ptr<PowerControl> m_power;
+    std::unique_ptr<Transport> m_transport;
+    std::unique_ptr<DialogFileChooser> m_chooser;
+    std::unique_ptr<OpenFilesCommand> m_openFiles;
     std::unique_ptr<HandoffServer> m_handoff;
     std::unique_ptr<UnixSignalWatcher> m_signals;
 };

@@ -7,12 +7,14 @@
 #include "common/paths.h"
 #include "menus/menubarview.h"
 #include "playback/player.h"
+#include "playback/transport.h"
 #include "playlist/playlist.h"
 
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSystemTrayIcon>
+#include <QToolButton>
 
 namespace quorvel {
 
@@ -34,6 +36,20 @@ void MainWindow::followMediaControl(MediaAction action)
 {
     for (const QString &key : kMediaItems)
         m_menu.setEnabled(key, action != MediaAction::Stopped);
+    // The buttons follow the state: seeking ones only while playing, play
+    // while halted, pause while playing, stop unless stopped.
+    const bool playing = action == MediaAction::Playing;
+    for (const char *name : {"Previous", "Rewind", "Next", "ff", "FullScreen"}) {
+        if (auto *b = m_buttons.value(QLatin1String(name)))
+            b->setEnabled(playing);
+    }
+    if (auto *b = m_buttons.value(QStringLiteral("Play")))
+        b->setEnabled(!playing);
+    if (auto *b = m_buttons.value(QStringLiteral("Pause")))
+        b->setEnabled(playing);
+    if (auto *b = m_buttons.value(QStringLiteral("Stop")))
+        b->setEnabled(action != MediaAction::Stopped);
+    update();
 }
 
 void MainWindow::updatePlaylistMenuItems()
@@ -63,14 +79,64 @@ void MainWindow::onMenuItemClick(int position)
 {
     const QString key = m_menu.KeyAt(position);
     qCDebug(lcApp) << "menu" << key;
-    if (key == u"Exit") {
+    Transport &t = *m_transport;
+    if (key == u"OpenFile") {
+        openFiles(false);
+    } else if (key == u"Exit") {
         close();
+    } else if (key == u"PlayPause") {
+        if (m_playlist->list().count() < 1) {
+            openFiles(false);
+            m_menu.setEnabled(QStringLiteral("Stop"), true);
+        } else {
+            t.CMDPauseClick();
+        }
+    } else if (key == u"Stop") {
+        t.cmdStopClick();
+        m_menu.setEnabled(QStringLiteral("Stop"), false);
+    } else if (key == u"PMNormal") {
+        t.PBNormal();
+    } else if (key == u"PMContinuous") {
+        t.PBCont();
+    } else if (key == u"PMShuffle") {
+        t.PBShuffle();
+    } else if (key == u"RMNoRepeat") {
+        t.RepeatNone();
+    } else if (key == u"RMSingleRepeat") {
+        t.RepeatSingle();
+    } else if (key == u"RMRepeatAll") {
+        t.RepeatAll();
+    } else if (key == u"FullScreen") {
+        t.cmdFulScreenClick();
+    } else if (key == u"IncreaseSpeed") {
+        t.IncreaseRate();
+    } else if (key == u"DecreaseSpeed") {
+        t.DecreaseRate();
+    } else if (key == u"ResetSpeed") {
+        t.ResetRate();
+    } else if (key == u"Donothing") {
+        t.DoAfter(AfterDoNothing);
+    } else if (key == u"ExitQuorvel") {
+        t.DoAfter(AfterExit);
+    } else if (key == u"RestartTheComputer") {
+        t.DoAfter(AfterRestart);
+    } else if (key == u"ShutdownTheComputer") {
+        t.DoAfter(AfterShutdown);
+    } else if (key == u"AddVideoFile") {
+        openFiles(true);
+        if (m_playlist->list().selectedItem() < 0)
+            m_playlist->list().setSelectedItem(0);
+        updatePlaylistMenuItems();
     } else if (key == u"Remove") {
         m_playlist->removeSelected();
         updatePlaylistMenuItems();
     } else if (key == u"RemoveAll") {
         m_playlist->removeAll();
         updatePlaylistMenuItems();
+    } else if (key == u"Next") {
+        t.cmdNextClick();
+    } else if (key == u"Previous") {
+        t.cmdPreviousClick();
     }
 }
 

@@ -12,6 +12,9 @@
 #include "common/paths.h"
 #include "media/existingfileprobe.h"
 #include "playback/player.h"
+#include "playback/powercontrol.h"
+#include "playback/transport.h"
+#include "playlist/opendialog.h"
 #include "playback/vlcengine.h"
 #include "playlist/listwidgetthumblist.h"
 #include "playlist/playlist.h"
@@ -37,10 +40,8 @@ bool MainWindow::FormLoad(const QStringList &arguments)
     LoadHistory();
     SetPlaylistPosition(5);
     m_player->enableMediaControl(MediaAction::Stopped);
-    applyPlayModes();
-    m_menu.checkOneOf({QStringLiteral("Donothing"), QStringLiteral("ExitQuorvel"),
-                       QStringLiteral("RestartTheComputer"), QStringLiteral("ShutdownTheComputer")},
-                      QStringLiteral("Donothing"));
+    m_transport->applyStoredModes();
+    m_transport->DoAfter(AfterDoNothing);
 
     // The command line: quotes removed; a trailing " *Add" only adds.
     m_tables.command = CommandLine::parse(arguments);
@@ -73,7 +74,7 @@ bool MainWindow::FormLoad(const QStringList &arguments)
     if (QFileInfo(path).isFile() && IsSupportedFile(path))
         m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay);
     m_isLoading = false;
-    m_movieTimer->start();
+    m_transport->movieTimer().start();
     qCDebug(lcApp) << "running instance ready";
     return true;
 }
@@ -99,6 +100,11 @@ void MainWindow::InitPlayer()
     m_probe = std::make_unique<ExistingFileProbe>(m_tables.media.defaultVideoThumb);
     m_playlist = std::make_unique<Playlist>(*m_thumbList, *m_probe, m_notifier);
     m_player = std::make_unique<Player>(*m_engine, m_settings, m_playback, *m_playlist);
+    m_power = std::make_unique<LogindPowerControl>();
+    m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, m_menu,
+                                              *m_power, *this);
+    m_chooser = std::make_unique<DialogFileChooser>(this);
+    m_openFiles = std::make_unique<OpenFilesCommand>(*m_chooser, *m_playlist);
     connectParts();
     m_player->AddVLCPLayer();
     requestShutdownPrivilege();

@@ -96,6 +96,8 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
         libvlc_media_player_set_xwindow(m_player.get(), static_cast<uint32_t>(m_surface->winId()));
     if (m_volume >= 0)
         libvlc_audio_set_volume(m_player.get(), m_volume);
+    if (m_muted)
+        libvlc_audio_set_mute(m_player.get(), 1);
 }
 
 void VlcEngine::play()
@@ -106,7 +108,13 @@ void VlcEngine::play()
 
 void VlcEngine::togglePause()
 {
-    if (m_player)
+    if (!m_player)
+        return;
+    // A stopped or finished item has nothing to pause; toggling it resumes.
+    const libvlc_state_t s = libvlc_media_player_get_state(m_player.get());
+    if (s == libvlc_Stopped || s == libvlc_Ended || s == libvlc_NothingSpecial)
+        libvlc_media_player_play(m_player.get());
+    else
         libvlc_media_player_pause(m_player.get());
 }
 
@@ -174,8 +182,10 @@ void VlcEngine::setVolume(int volume)
 
 void VlcEngine::toggleMute()
 {
+    // Kept here as well: every item gets a new player, and the sound stays off.
+    m_muted = !m_muted;
     if (m_player)
-        libvlc_audio_toggle_mute(m_player.get());
+        libvlc_audio_set_mute(m_player.get(), m_muted ? 1 : 0);
 }
 
 void VlcEngine::setFullscreen(bool on)

@@ -79,6 +79,7 @@ private:
     bool m_hasItem = false;
     bool m_fullscreen = false;
     int m_volume = -1;
+    bool m_muted = false;
     std::function<void(bool)> m_fullscreenHandler;
 };
 

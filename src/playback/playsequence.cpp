@@ -1,0 +1,112 @@
+#include "playsequence.h"
+
+#include <QDateTime>
+#include <QRandomGenerator>
+#include <cmath>
+
+namespace quorvel {
+
+int RoundHalfEven(double value)
+{
+    return static_cast<int>(std::nearbyint(value)); // the default rounding mode is to nearest, ties to even
+}
+
+PlaySequence::PlaySequence(Random random) : m_random(std::move(random))
+{
+    if (!m_random) {
+        m_random = [] {
+            // A fresh seed from the clock at every shuffle, as users expect a new order.
+            static QRandomGenerator generator(static_cast<quint32>(QDateTime::currentMSecsSinceEpoch()));
+            return generator.generateDouble();
+        };
+    }
+}
+
+void PlaySequence::MakeSequentialOrder(int count, int selected)
+{
+    m_entries.clear();
+    for (int i = 0; i < count; ++i)
+        m_entries << QString::number(i);
+    m_cursor = selected;
+}
+
+int PlaySequence::draw(int count)
+{
+    return RoundHalfEven(m_random() * (count - 1));
+}
+
+void PlaySequence::MakeShuffledOrder(int count, int selected)
+{
+    m_entries = QStringList(count, QStringLiteral("-1"));
+    for (int i = 0; i < count; ++i) {
+        int r = draw(count);
+        while (m_entries.value(r) != QLatin1String("-1"))
+            r = draw(count);
+        m_entries[r] = QString::number(i);
+    }
+    m_cursor = selected;
+}
+
+void PlaySequence::build(int playMode, int count, int selected)
+{
+    if (playMode == PlayShuffle)
+        MakeShuffledOrder(count, selected);
+    else
+        MakeSequentialOrder(count, selected);
+}
+
+void PlaySequence::removeAt(int k)
+{
+    if (k < 0) {
+        m_entries.clear();
+        m_cursor = -1;
+        return;
+    }
+    if (k < count())
+        m_entries.removeAt(k);
+}
+
+int PlaySequence::indexAt(int position) const
+{
+    bool ok = false;
+    const int v = m_entries.value(position).toInt(&ok);
+    return ok ? v : -1;
+}
+
+bool PlaySequence::stepNext()
+{
+    if (m_entries.isEmpty())
+        return false;
+    m_cursor = m_cursor >= count() - 1 ? 0 : m_cursor + 1;
+    return true;
+}
+
+bool PlaySequence::stepPrevious()
+{
+    if (m_entries.isEmpty())
+        return false;
+    m_cursor = m_cursor <= 0 ? count() - 1 : m_cursor - 1;
+    return true;
+}
+
+EndOfItem DecideEndOfItem(int playMode, int repeatMode, PlaySequence &order, int engineItemCount,
+                          const QString &currentFile)
+{
+    // A three-letter path is a drive root: such an item has no successor.
+    if (engineItemCount == 0 || currentFile.size() == 3)
+        return {};
+    if (repeatMode == RepeatSingleItem)
+        return {EndOfItem::Replay};
+    if (playMode == PlayNormal)
+        return {EndOfItem::StopAndAfterPlay};
+    if (order.cursor() == order.count() - 1) {
+        if (repeatMode == RepeatNoRepeat)
+            return {EndOfItem::StopAndAfterPlay};
+        order.setCursor(0);
+    } else {
+        order.setCursor(order.cursor() + 1);
+    }
+    return {EndOfItem::PlayEntry, order.indexAt(order.cursor())};
+}
+
+} // namespace quorvel

@@ -1,0 +1,333 @@
+#include "transport.h"
+
+#include "common/logging.h"
+#include "menus/menumodel.h"
+#include "playback/engine.h"
+#include "playback/monitor.h"
+#include "playback/player.h"
+#include "playback/powercontrol.h"
+#include "playback/rate.h"
+#include "playlist/playlist.h"
+
+namespace quorvel {
+
+namespace {
+const QStringList kPlayModeKeys{QStringLiteral("PMNormal"), QStringLiteral("PMContinuous"),
+                                QStringLiteral("PMShuffle")};
+const QStringList kRepeatKeys{QStringLiteral("RMNoRepeat"), QStringLiteral("RMSingleRepeat"),
+                              QStringLiteral("RMRepeatAll")};
+const QStringList kAfterPlayKeys{QStringLiteral("Donothing"), QStringLiteral("ExitQuorvel"),
+                                 QStringLiteral("RestartTheComputer"), QStringLiteral("ShutdownTheComputer")};
+const QString kResetTime = QStringLiteral("00:00:00 / 00:00:00");
+} // namespace
+
+Transport::Transport(Engine &engine, Settings &settings, PlaybackState &state, Playlist &playlist, Player &player,
+                     MenuModel &menu, PowerControl &power, TransportView &view, QObject *parent)
+    : QObject(parent), m_engine(engine), m_settings(settings), m_state(state), m_playlist(playlist),
+      m_player(player), m_menu(menu), m_power(power), m_view(view)
+{
+    m_movieTimer.setInterval(500);
+    m_movieTimer.setObjectName(QStringLiteral("tmrMovie"));
+    connect(&m_movieTimer, &QTimer::timeout, this, &Transport::tmrMovie_Timer);
+    m_rewindTimer.setInterval(10);
+    m_rewindTimer.setObjectName(QStringLiteral("tmrRewind"));
+    connect(&m_rewindTimer, &QTimer::timeout, this, &Transport::tmrRewind_Timer);
+}
+
+void Transport::playEntry(int index)
+{
+    m_playlist.list().setSelectedItem(index);
+    m_playlist.list().refresh();
+    emit selectionMoved(index);
+    m_player.PlayItem(index, false);
+}
+
+void Transport::CMDPlayClick()
+{
+    if (m_playlist.list().count() < 1) {
+        m_view.openFiles(false);
+        return;
+    }
+    if (m_state.IsHalted) {
+        m_engine.play(); // resume, or the stopped item from its start
+        m_player.enableMediaControl(MediaAction::Playing);
+        return;
+    }
+    const int selected = m_playlist.list().selectedItem();
+    m_sequence.setCursor(selected);
+    m_player.PlayItem(selected, false);
+}
+
+void Transport::CMDPauseClick()
+{
+    if (!m_state.MediaLoaded && !m_state.IsHalted)
+        return; // ended: nothing to pause or resume
+    const bool halt = !m_state.IsHalted;
+    m_engine.togglePause();
+    m_player.enableMediaControl(halt ? MediaAction::Paused : MediaAction::Playing);
+}
+
+void Transport::cmdStopClick(std::function<void()> then)
+{
+    if (m_engine.itemCount() < 1 || m_stopping) {
+        if (then)
+            then();
+        return;
+    }
+    m_engine.stop();
+    m_state.IsStopped = true;
+    m_view.setProgressPercent(0);
+    m_view.setTimeText(kResetTime);
+    // The engine needs a moment after a stop before it takes a new command.
+    // The wait runs on a timer so the window keeps painting.
+    m_stopping = true;
+    QTimer::singleShot(500, this, [this, then = std::move(then)] {
+        m_stopping = false;
+        m_player.enableMediaControl(MediaAction::Stopped);
+        if (then)
+            then();
+    });
+}
+
+void Transport::cmdNextClick()
+{
+    if (!m_state.MediaLoaded || !m_sequence.stepNext())
+        return;
+    playEntry(m_sequence.cursor());
+}
+
+void Transport::cmdPreviousClick()
+{
+    if (!m_state.MediaLoaded || !m_sequence.stepPrevious())
+        return;
+    playEntry(m_sequence.cursor());
+}
+
+void Transport::cmdffMouseDown()
+{
+    if (m_state.MediaLoaded)
+        m_engine.setRate(10.0);
+}
+
+void Transport::cmdffMouseUp()
+{
+    if (m_state.MediaLoaded)
+        m_engine.setRate(1.0); // a speed chosen before is not restored
+}
+
+void Transport::StartRewind()
+{
+    if (!m_state.MediaLoaded)
+        return;
+    m_rewindStep = -1;
+    m_rewindTimer.start();
+}
+
+void Transport::StopRewind()
+{
+    m_rewindTimer.stop();
+}
+
+void Transport::tmrRewind_Timer()
+{
+    m_engine.setPosition(m_engine.position() + m_rewindStep * 0.001);
+}
+
+void Transport::cmdFulScreenClick()
+{
+    if (m_state.MediaLoaded)
+        m_engine.setFullscreen(true);
+}
+
+void Transport::cmdMuteClick()
+{
+    m_engine.toggleMute();
+    m_state.IsMuted = !m_state.IsMuted;
+    m_view.controlsChanged();
+}
+
+void Transport::cmdPlayListClick()
+{
+    m_view.togglePlaylist();
+}
+
+void Transport::rateChanged(bool increased, bool reachedLimit)
+{
+    if (!m_state.MediaLoaded)
+        return; // the engine gets the factor with a later command
+    m_engine.setRate(m_state.Rate);
+    m_view.setRateText(RateText(m_state.Rate), true);
+    m_menu.setEnabled(increased ? QStringLiteral("DecreaseSpeed") : QStringLiteral("IncreaseSpeed"), true);
+    if (reachedLimit)
+        m_menu.setEnabled(increased ? QStringLiteral("IncreaseSpeed") : QStringLiteral("DecreaseSpeed"), false);
+}
+
+void Transport::IncreaseRate()
+{
+    const RateChange c = IncreasedRate(m_state.Rate);
+    if (!c.changed)
+        return;
+    m_state.Rate = c.rate;
+    rateChanged(true, c.rate >= kMaxRate);
+}
+
+void Transport::DecreaseRate()
+{
+    const RateChange c = DecreasedRate(m_state.Rate);
+    if (!c.changed)
+        return;
+    m_state.Rate = c.rate;
+    rateChanged(false, c.rate <= kMinRate);
+}
+
+void Transport::ResetRate()
+{
+    if (!m_state.MediaLoaded)
+        return;
+    m_state.Rate = 1.0;
+    m_engine.setRate(1.0);
+    m_view.setRateText(RateText(1.0), true);
+    m_menu.setEnabled(QStringLiteral("IncreaseSpeed"), true);
+    m_menu.setEnabled(QStringLiteral("DecreaseSpeed"), true);
+}
+
+void Transport::rebuildOrder()
+{
+    m_sequence.build(m_settings.PlayMode, m_playlist.list().count(), m_playlist.list().selectedItem());
+}
+
+void Transport::PBNormal()
+{
+    m_settings.PlayMode = PlayNormal;
+    m_menu.checkOneOf(kPlayModeKeys, kPlayModeKeys[0]);
+    m_sequence.MakeSequentialOrder(m_playlist.list().count(), m_playlist.list().selectedItem());
+}
+
+void Transport::PBCont()
+{
+    m_settings.PlayMode = PlayContinuous;
+    m_menu.checkOneOf(kPlayModeKeys, kPlayModeKeys[1]);
+    m_sequence.MakeSequentialOrder(m_playlist.list().count(), m_playlist.list().selectedItem());
+}
+
+void Transport::PBShuffle()
+{
+    m_settings.PlayMode = PlayShuffle;
+    m_menu.checkOneOf(kPlayModeKeys, kPlayModeKeys[2]);
+    m_sequence.MakeShuffledOrder(m_playlist.list().count(), m_playlist.list().selectedItem());
+}
+
+void Transport::RepeatNone()
+{
+    m_settings.RepeatMode = RepeatNoRepeat;
+    m_menu.checkOneOf(kRepeatKeys, kRepeatKeys[0]);
+}
+
+void Transport::RepeatSingle()
+{
+    m_settings.RepeatMode = RepeatSingleItem;
+    m_menu.checkOneOf(kRepeatKeys, kRepeatKeys[1]);
+}
+
+void Transport::RepeatAll()
+{
+    m_settings.RepeatMode = RepeatAllItems;
+    m_menu.checkOneOf(kRepeatKeys, kRepeatKeys[2]);
+}
+
+void Transport::applyStoredModes()
+{
+    switch (m_settings.PlayMode) {
+    case PlayContinuous:
+        PBCont();
+        break;
+    case PlayNormal:
+        PBNormal();
+        break;
+    case PlayShuffle:
+        PBShuffle();
+        break;
+    default:
+        break;
+    }
+    switch (m_settings.RepeatMode) {
+    case RepeatNoRepeat:
+        RepeatNone();
+        break;
+    case RepeatAllItems:
+        RepeatAll();
+        break;
+    case RepeatSingleItem:
+        RepeatSingle();
+        break;
+    default:
+        break;
+    }
+}
+
+void Transport::DoAfter(int toDo)
+{
+    if (toDo >= 0 && toDo < kAfterPlayKeys.size())
+        m_menu.checkOneOf(kAfterPlayKeys, kAfterPlayKeys[toDo]);
+    m_afterPlay = toDo;
+}
+
+void Transport::DoAfterFinishPlay()
+{
+    qCDebug(lcPlayback) << "after-play action" << m_afterPlay;
+    switch (m_afterPlay) {
+    case AfterExit:
+        m_view.closeWindow();
+        break;
+    case AfterRestart:
+        m_power.reboot();
+        break;
+    case AfterShutdown:
+        m_power.powerOff();
+        break;
+    default:
+        break;
+    }
+}
+
+void Transport::tmrMovie_Timer()
+{
+    if (!m_engine.hasControl() || m_stopping)
+        return;
+    if (m_state.MediaLoaded) {
+        const MonitorReading r = ReadMonitor(m_engine);
+        m_view.setRateText(QStringLiteral("Loading..."), r.loading);
+        if (r.progressPercent)
+            m_view.setProgressPercent(*r.progressPercent);
+        m_view.setTimeText(r.timeText);
+        qCDebug(lcPlayback).nospace() << "tick state=" << m_engine.state() << " time=" << qint64(m_engine.time())
+                                      << " length=" << qint64(m_engine.length());
+        if (r.ended) {
+            // Ended: the rules run on the next tick.
+            m_state.MediaLoaded = false;
+            qCDebug(lcPlayback) << "item ended" << m_state.CurrentFile;
+        }
+        return;
+    }
+    if (!m_state.IsHalted)
+        m_view.enableDvdCheck();
+    if (!m_state.isEnded())
+        return;
+    const EndOfItem next = DecideEndOfItem(m_settings.PlayMode, m_settings.RepeatMode, m_sequence,
+                                           m_engine.itemCount(), m_state.CurrentFile);
+    switch (next.kind) {
+    case EndOfItem::Replay:
+        cmdStopClick([this] { CMDPlayClick(); });
+        break;
+    case EndOfItem::StopAndAfterPlay:
+        cmdStopClick([this] { DoAfterFinishPlay(); });
+        break;
+    case EndOfItem::PlayEntry:
+        playEntry(next.index);
+        break;
+    case EndOfItem::Nothing:
+        break;
+    }
+}
+
+} // namespace quorvel

@@ -1,0 +1,115 @@
+#pragma once
+// The transport commands (play, pause, stop, next, previous, fast forward,
+// rewind, full screen, mute, speed), the play and repeat modes, the
+// after-play action and the playback monitor's tick. They act on the engine,
+// the playback-state flags and the play order; what they show goes through
+// TransportView, so the same logic drives any window.
+
+#include "app/settings.h"
+#include "playback/playbackstate.h"
+#include "playback/playsequence.h"
+
+#include <QObject>
+#include <QTimer>
+#include <functional>
+
+namespace quorvel {
+
+class Engine;
+class MenuModel;
+class Player;
+class Playlist;
+class PowerControl;
+
+// What the window does for the transport.
+class TransportView {
+public:
+    virtual ~TransportView() = default;
+    virtual void setTimeText(const QString &text) = 0;
+    // The rate label: "Loading..." or the speed text; hidden when `visible` is false.
+    virtual void setRateText(const QString &text, bool visible) = 0;
+    virtual void setProgressPercent(int percent) = 0;
+    virtual void openFiles(bool append) = 0;
+    virtual void togglePlaylist() = 0;
+    virtual void closeWindow() = 0;
+    virtual void controlsChanged() = 0; // repaint the buttons (mute image, states)
+    virtual void enableDvdCheck() {}
+};
+
+enum AfterPlayAction { AfterDoNothing = 0, AfterExit = 1, AfterRestart = 2, AfterShutdown = 3 };
+
+class Transport : public QObject {
+    Q_OBJECT
+public:
+    Transport(Engine &engine, Settings &settings, PlaybackState &state, Playlist &playlist, Player &player,
+              MenuModel &menu, PowerControl &power, TransportView &view, QObject *parent = nullptr);
+
+    PlaySequence &sequence() { return m_sequence; }
+
+    // Commands.
+    void CMDPlayClick();
+    void CMDPauseClick();
+    // Stops, then runs `then` once the engine has had its half second to
+    // settle; the window keeps painting meanwhile.
+    void cmdStopClick(std::function<void()> then = {});
+    void cmdNextClick();
+    void cmdPreviousClick();
+    void cmdffMouseDown();
+    void cmdffMouseUp();
+    void StartRewind();
+    void StopRewind();
+    void cmdFulScreenClick();
+    void cmdMuteClick();
+    void cmdPlayListClick();
+    void IncreaseRate();
+    void DecreaseRate();
+    void ResetRate();
+
+    // Play and repeat modes with their menu marks.
+    void PBNormal();
+    void PBCont();
+    void PBShuffle();
+    void RepeatNone();
+    void RepeatSingle();
+    void RepeatAll();
+    // Applies the stored modes at start-up; other values select nothing.
+    void applyStoredModes();
+    // Rebuilds the order after the playlist changed.
+    void rebuildOrder();
+
+    void DoAfter(int toDo);
+    void DoAfterFinishPlay();
+    int afterPlayAction() const { return m_afterPlay; }
+
+    // The monitor's tick (every 500 ms) and the rewind tick (every 10 ms).
+    void tmrMovie_Timer();
+    void tmrRewind_Timer();
+    QTimer &movieTimer() { return m_movieTimer; }
+    QTimer &rewindTimer() { return m_rewindTimer; }
+    bool isStopping() const { return m_stopping; }
+
+signals:
+    // The playlist cursor moved to `index` (the list shows it as current).
+    void selectionMoved(int index);
+
+private:
+    void playEntry(int index);
+    void rateChanged(bool increased, bool reachedLimit);
+
+    Engine &m_engine;
+    Settings &m_settings;
+    PlaybackState &m_state;
+    Playlist &m_playlist;
+    Player &m_player;
+    MenuModel &m_menu;
+    PowerControl &m_power;
+    TransportView &m_view;
+    PlaySequence m_sequence;
+    QTimer m_movieTimer;
+    QTimer m_rewindTimer;
+    int m_rewindStep = -1;
+    int m_afterPlay = AfterDoNothing;
+    bool m_stopping = false;
+};
+
+} // namespace quorvel
