@@ -125,20 +125,31 @@ void PaneSplitter::setPaneSize(int index, int pixels)
 {
     if (index < 0 || index > 4 || index == kCentre)
         return;
-    QSplitter *s = splitterOf(index);
-    QList<int> sizes = s->sizes();
-    if (std::accumulate(sizes.begin(), sizes.end(), 0) == 0) {
-        // Not laid out yet: the whole length belongs to the centre.
-        sizes[1] = s->orientation() == Qt::Horizontal ? s->width() : s->height();
-    }
-    const int slot = slotOf(index);
-    pixels = qMax(0, pixels);
-    const int delta = pixels - sizes[slot];
-    sizes[slot] = pixels;
-    sizes[1] = qMax(0, sizes[1] - delta); // the centre gives and takes
-    m_panes[index]->setVisible(pixels > 0);
-    s->setSizes(sizes);
+    m_wanted[index] = qMax(0, pixels);
+    m_panes[index]->setVisible(m_wanted[index] > 0);
+    apply();
+}
+
+void PaneSplitter::apply()
+{
+    // The centre takes whatever the side panes leave; sizes follow this
+    // widget's own size, which is final before the inner splitters' are.
+    auto place = [this](QSplitter *s, int first, int last, int length) {
+        const bool a = m_wanted[first] > 0;
+        const bool b = m_wanted[last] > 0;
+        const int handles = (a ? s->handleWidth() : 0) + (b ? s->handleWidth() : 0);
+        const int centre = qMax(0, length - handles - m_wanted[first] - m_wanted[last]);
+        s->setSizes({m_wanted[first], centre, m_wanted[last]});
+    };
+    place(m_outer, 0, 4, width());
+    place(m_middle, 1, 3, height());
     updateHandles();
+}
+
+void PaneSplitter::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    apply();
 }
 
 int PaneSplitter::paneSize(int index) const

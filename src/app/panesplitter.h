@@ -41,7 +41,11 @@ public:
     void setLock(int index, bool locked);
     bool isLocked(int index) const { return m_locks[index]; }
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    void apply();
     QSplitter *splitterOf(int index) const;
     int slotOf(int index) const;
     void updateHandles();
@@ -51,6 +55,7 @@ private:
     std::array<QWidget *, 5> m_panes{};
     std::array<QWidget *, 5> m_contents{};
     std::array<bool, 5> m_locks{};
+    std::array<int, 5> m_wanted{};
 };
 
 } // namespace quorvel
