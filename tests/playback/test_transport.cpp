@@ -1,0 +1,314 @@
+#include "media/existingfileprobe.h"
+#include "menus/menumodel.h"
+#include "playback/player.h"
+#include "playback/powercontrol.h"
+#include "playback/transport.h"
+#include "playlist/opendialog.h"
+#include "playlist/playlist.h"
+#include "support/fakeengine.h"
+#include "support/recordingnotifier.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+
+struct RecordingPower final : PowerControl {
+    QStringList requests;
+    void reboot() override { requests << u"reboot"_qs; }
+    void powerOff() override { requests << u"powerOff"_qs; }
+};
+
+struct RecordingView final : TransportView {
+    QString time, rate;
+    bool rateVisible = false;
+    int percent = -1;
+    QList<bool> opened;
+    int toggles = 0, closes = 0, repaints = 0;
+    void setTimeText(const QString &t) override { time = t; }
+    void setRateText(const QString &t, bool v) override { rate = t; rateVisible = v; }
+    void setProgressPercent(int p) override { percent = p; }
+    void openFiles(bool append) override { opened << append; }
+    void togglePlaylist() override { ++toggles; }
+    void closeWindow() override { ++closes; }
+    void controlsChanged() override { ++repaints; }
+};
+
+void spin(int ms)
+{
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < ms)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+struct TransportFixture : ::testing::Test {
+    QTemporaryDir dir;
+    Settings settings;
+    PlaybackState state;
+    test::FakeEngine engine;
+    MemoryThumbList list;
+    ExistingFileProbe probe;
+    test::RecordingNotifier notifier;
+    Playlist playlist{list, probe, notifier};
+    Player player{engine, settings, state, playlist};
+    MenuModel menu;
+    RecordingPower power;
+    RecordingView view;
+    Transport transport{engine, settings, state, playlist, player, menu, power, view};
+
+    void SetUp() override
+    {
+        BuildMenu(menu);
+        player.SaveVLCOptions();
+        player.enableMediaControl(MediaAction::Stopped);
+        playlist.setPlayHandler([this](int i, bool fs) { player.PlayItem(i, fs); });
+        playlist.setOrderHandler([this] { transport.rebuildOrder(); });
+    }
+    void addFiles(int n)
+    {
+        for (int i = 0; i < n; ++i) {
+            const QString path = dir.filePath(QStringLiteral("clip%1.mp4").arg(i));
+            QFile f(path);
+            f.open(QIODevice::WriteOnly);
+            f.write("x");
+            f.close();
+            playlist.LoadThumb(GetFileTitle(path), path);
+        }
+        playlist.waitForAdds();
+    }
+    // The monitor sees the item at its end, then runs the rules on the next tick.
+    void endItem()
+    {
+        engine.scriptedState = Engine::Playing;
+        engine.scriptedLength = 3000;
+        engine.scriptedTime = 3000;
+        transport.tmrMovie_Timer();
+        ASSERT_FALSE(state.MediaLoaded);
+        transport.tmrMovie_Timer();
+    }
+    // As a double-click on entry i does.
+    void start(int i)
+    {
+        list.setSelectedItem(i);
+        transport.sequence().setCursor(i);
+        player.PlayItem(i, false);
+    }
+    int playingIndex() const { return playlist.fullPaths().indexOf(state.CurrentFile); }
+};
+
+} // namespace
+
+TEST_F(TransportFixture, ContinuousRepeatAllCyclesAndNoRepeatStopsThenRunsTheAction)
+{
+    addFiles(3);
+    transport.PBCont();
+    transport.RepeatAll();
+    start(0);
+    QList<int> played{playingIndex()};
+    for (int i = 0; i < 3; ++i) {
+        endItem();
+        played << playingIndex();
+    }
+    EXPECT_EQ(played, (QList<int>{0, 1, 2, 0}));
+    EXPECT_EQ(list.selectedItem(), 0);
+
+    transport.RepeatNone();
+    transport.DoAfter(AfterExit);
+    endItem(); // 0 -> 1
+    endItem(); // 1 -> 2
+    EXPECT_EQ(playingIndex(), 2);
+    endItem(); // the last: stop, wait, then the action
+    EXPECT_TRUE(state.IsStopped);
+    EXPECT_EQ(view.closes, 0); // not before the stop has settled
+    spin(700);
+    EXPECT_EQ(view.closes, 1);
+    EXPECT_FALSE(state.MediaLoaded);
+    EXPECT_TRUE(state.IsHalted && state.IsStopped);
+    EXPECT_EQ(view.time, u"00:00:00 / 00:00:00"_qs);
+}
+
+TEST_F(TransportFixture, SingleRepeatPlaysTheSameItemOnTheSameControl)
+{
+    addFiles(2);
+    transport.RepeatSingle();
+    start(1);
+    const int controls = engine.controlsCreated;
+    endItem();
+    spin(700);
+    EXPECT_EQ(engine.controlsCreated, controls);
+    EXPECT_EQ(engine.calls.mid(engine.calls.size() - 2), (QStringList{u"stop"_qs, u"play"_qs}));
+    EXPECT_TRUE(state.MediaLoaded);
+    EXPECT_EQ(playingIndex(), 1);
+}
+
+TEST_F(TransportFixture, ShufflePlaysEachItemOnceARound)
+{
+    addFiles(5);
+    transport.PBShuffle();
+    transport.RepeatNone();
+    list.setSelectedItem(0);
+    transport.sequence().setCursor(0);
+    player.PlayItem(transport.sequence().indexAt(0), false);
+    QList<int> played{playingIndex()};
+    for (int i = 0; i < 4; ++i) {
+        endItem();
+        played << playingIndex();
+    }
+    std::sort(played.begin(), played.end());
+    EXPECT_EQ(played, (QList<int>{0, 1, 2, 3, 4}));
+    endItem();
+    spin(700);
+    EXPECT_TRUE(state.IsStopped);
+    EXPECT_TRUE(menu.isChecked(u"PMShuffle"_qs));
+}
+
+TEST_F(TransportFixture, NormalModeStopsAndAsksForPowerOff)
+{
+    addFiles(2);
+    transport.PBNormal();
+    transport.RepeatAll(); // no effect in normal mode
+    transport.DoAfter(AfterShutdown);
+    EXPECT_TRUE(menu.isChecked(u"ShutdownTheComputer"_qs));
+    EXPECT_FALSE(menu.isChecked(u"Donothing"_qs));
+    start(0);
+    endItem();
+    spin(700);
+    EXPECT_EQ(power.requests, QStringList{u"powerOff"_qs});
+    EXPECT_EQ(playingIndex(), 0);
+    transport.DoAfter(AfterRestart);
+    transport.DoAfter(AfterDoNothing);
+    EXPECT_TRUE(menu.isChecked(u"Donothing"_qs));
+    EXPECT_FALSE(menu.isChecked(u"RestartTheComputer"_qs));
+}
+
+TEST_F(TransportFixture, NextAndPreviousWrapOnlyWhilePlaying)
+{
+    addFiles(3);
+    transport.PBCont();
+    start(2);
+    transport.cmdNextClick();
+    EXPECT_EQ(playingIndex(), 0);
+    transport.cmdPreviousClick();
+    EXPECT_EQ(playingIndex(), 2);
+    transport.CMDPauseClick();
+    EXPECT_TRUE(state.IsHalted);
+    EXPECT_FALSE(state.MediaLoaded);
+    transport.cmdNextClick(); // paused: nothing
+    EXPECT_EQ(playingIndex(), 2);
+    transport.CMDPauseClick(); // resumes
+    EXPECT_TRUE(state.MediaLoaded);
+}
+
+TEST_F(TransportFixture, PlayWithAnEmptyListOpensTheChooserAndStopNeedsAnItem)
+{
+    transport.CMDPlayClick();
+    EXPECT_EQ(view.opened, QList<bool>{false});
+    // Entries only added: play switches the controls but the engine has nothing.
+    addFiles(1);
+    transport.CMDPlayClick();
+    EXPECT_TRUE(state.MediaLoaded);
+    EXPECT_EQ(engine.itemCount(), 0);
+    player.enableMediaControl(MediaAction::Stopped);
+    engine.calls.clear();
+    transport.cmdStopClick();
+    EXPECT_TRUE(engine.calls.isEmpty());
+    EXPECT_FALSE(transport.isStopping());
+}
+
+TEST_F(TransportFixture, SpeedStepsFastForwardAndMenuStates)
+{
+    addFiles(1);
+    start(0);
+    for (int i = 0; i < 4; ++i)
+        transport.IncreaseRate();
+    EXPECT_DOUBLE_EQ(state.Rate, 16);
+    EXPECT_DOUBLE_EQ(engine.rate, 16);
+    EXPECT_EQ(view.rate, u"Playing rate:16x"_qs);
+    EXPECT_FALSE(menu.isEnabled(u"IncreaseSpeed"_qs));
+    transport.IncreaseRate();
+    EXPECT_DOUBLE_EQ(state.Rate, 16);
+    transport.DecreaseRate();
+    EXPECT_TRUE(menu.isEnabled(u"IncreaseSpeed"_qs));
+    transport.ResetRate();
+    transport.IncreaseRate();
+    transport.IncreaseRate(); // 4
+    transport.cmdffMouseDown();
+    EXPECT_DOUBLE_EQ(engine.rate, 10);
+    transport.cmdffMouseUp();
+    EXPECT_DOUBLE_EQ(engine.rate, 1);
+    EXPECT_DOUBLE_EQ(state.Rate, 4);
+    // A new item starts at normal speed with every speed item usable.
+    player.PlayItem(0, false);
+    EXPECT_DOUBLE_EQ(state.Rate, 1);
+}
+
+TEST_F(TransportFixture, RewindStepsBackAThousandthPerTick)
+{
+    addFiles(1);
+    start(0);
+    engine.scriptedPosition = 0.5;
+    transport.StartRewind();
+    EXPECT_TRUE(transport.rewindTimer().isActive());
+    transport.tmrRewind_Timer();
+    EXPECT_DOUBLE_EQ(engine.lastSetPosition, 0.499);
+    transport.StopRewind();
+    EXPECT_FALSE(transport.rewindTimer().isActive());
+    transport.cmdMuteClick();
+    EXPECT_TRUE(state.IsMuted && engine.muted);
+    EXPECT_EQ(view.repaints, 1);
+}
+
+TEST(OpenFiles, FiltersAndTheFirstFilePlaysUnlessAppending)
+{
+    const QStringList filters = OpenFileFilters();
+    ASSERT_EQ(filters.size(), 25);
+    EXPECT_TRUE(filters[0].startsWith(u"All Supported Formats (*.wav *.flv"_qs));
+    EXPECT_EQ(filters[1], u"WAV (*.wav)"_qs);
+    EXPECT_EQ(filters[24], u"ASF (*.asf)"_qs);
+
+    struct Chooser final : FileChooser {
+        QStringList answer;
+        QStringList folders;
+        QStringList chooseFiles(const QString &title, const QStringList &, const QString &folder) override
+        {
+            EXPECT_EQ(title, u"Open Video File"_qs);
+            folders << folder;
+            return answer;
+        }
+    } chooser;
+    QTemporaryDir dir;
+    QStringList files;
+    for (const char *n : {"b.mkv", "a.avi", "c.mp3"}) {
+        files << dir.filePath(QString::fromLatin1(n));
+        QFile f(files.last());
+        f.open(QIODevice::WriteOnly);
+    }
+    MemoryThumbList list;
+    ExistingFileProbe probe;
+    test::RecordingNotifier notifier;
+    Playlist playlist(list, probe, notifier);
+    QList<int> played;
+    playlist.setPlayHandler([&](int i, bool) { played << i; });
+    OpenFilesCommand open(chooser, playlist);
+
+    EXPECT_EQ(open.OpenFiles(false), 0); // cancelled
+    EXPECT_TRUE(open.lastOpenFolder().isEmpty());
+    chooser.answer = files;
+    EXPECT_EQ(open.OpenFiles(true), 3);
+    playlist.waitForAdds();
+    EXPECT_EQ(playlist.fullPaths(), files); // in the chooser's order
+    EXPECT_TRUE(played.isEmpty());
+    EXPECT_EQ(open.lastOpenFolder(), dir.path());
+    playlist.removeAll();
+    chooser.answer = {files[2]};
+    open.OpenFiles(false);
+    playlist.waitForAdds();
+    EXPECT_EQ(played, QList<int>{0});
+    EXPECT_EQ(chooser.folders, (QStringList{QString(), QString(), dir.path()}));
+}
