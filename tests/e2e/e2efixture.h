@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QThread>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -43,6 +44,45 @@ protected:
         const QString path = m_box.path(name);
         QFile::copy(clip, path);
         return path;
+    }
+    // Edits one line (0-based) of the sandbox's settings file, writing the
+    // defaults first when there is none yet.
+    void setConfigLine(int line, const QByteArray &value)
+    {
+        if (!QFile::exists(m_box.configPath())) {
+            auto first = launchInstance({});
+            first->terminate();
+            first->waitForExit();
+        }
+        QFile cfg(m_box.configPath());
+        ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
+        QList<QByteArray> lines = cfg.readAll().split('\n');
+        cfg.close();
+        ASSERT_GT(lines.size(), line);
+        lines[line] = value + "\r";
+        ASSERT_TRUE(cfg.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        cfg.write(lines.join('\n'));
+    }
+    // Sends keys to the program's window (xdotool key syntax).
+    void keys(const QStringList &sequence)
+    {
+        QProcess find;
+        find.setProcessEnvironment(x().environment());
+        find.start(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("^Quorvel")});
+        find.waitForFinished(10000);
+        const QString wid = QString::fromLatin1(find.readAll()).split(u'\n').value(0).trimmed();
+        ASSERT_FALSE(wid.isEmpty()) << "no program window";
+        QProcess focus;
+        focus.setProcessEnvironment(x().environment());
+        focus.start(QStringLiteral("xdotool"), {QStringLiteral("windowfocus"), QStringLiteral("--sync"), wid});
+        focus.waitForFinished(10000);
+        for (const QString &k : sequence) {
+            QProcess key;
+            key.setProcessEnvironment(x().environment());
+            key.start(QStringLiteral("xdotool"), {QStringLiteral("key"), k});
+            key.waitForFinished(10000);
+            QThread::msleep(250); // menus open asynchronously
+        }
     }
     static QString outputDir()
     {
