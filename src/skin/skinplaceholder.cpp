@@ -1,1 +1,0 @@
-// The skin library grows here.
