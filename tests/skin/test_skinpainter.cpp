@@ -1,0 +1,187 @@
+// Paints the whole skin offscreen with the committed pictures and checks
+// what a user would notice: buttons that are not drawn, seams where the
+// stretched pieces meet, states that look alike, missing pictures.
+#include "skintestdata.h"
+
+#include "skin/skinbuttons.h"
+#include "skin/skinpainter.h"
+
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+
+const SkinImages &Skin()
+{
+    static SkinImages images = [] {
+        SkinImages i;
+        i.LoadSkinImages(test::SkinProgramFolder());
+        i.LoadProgressBack(test::SkinProgramFolder());
+        return i;
+    }();
+    return images;
+}
+
+struct Painted {
+    QImage image;
+    SkinRects rects;
+};
+
+Painted PaintSkin(const SkinPaintState &state)
+{
+    QImage img(state.size, QImage::Format_RGB32);
+    img.fill(Qt::magenta);
+    QPainter p(&img);
+    SkinPainter painter(Skin());
+    const SkinRects rects = painter.paint(p, state);
+    p.end();
+    return {img, rects};
+}
+
+SkinPaintState StateAt(QSize size, int buttonState)
+{
+    SkinPaintState s;
+    s.size = size;
+    s.buttonStates.fill(buttonState);
+    s.fillWidth = (size.width() - 112) * 2 / 5;
+    s.knobLeft = 30;
+    s.captionText = QStringLiteral("Quorvel - (clip.avi)");
+    s.timeText = QStringLiteral("00:01:23 / 00:03:45");
+    s.rateText = QStringLiteral("1.0x");
+    s.volumeText = QStringLiteral("53");
+    s.menuCaptions = {QStringLiteral("File"), QStringLiteral("Play"), QStringLiteral("Playlist"),
+                      QStringLiteral("Tools"), QStringLiteral("Help")};
+    return s;
+}
+
+// Spread of luminance inside a rectangle: a blank area has none.
+int Spread(const QImage &img, const QRect &r)
+{
+    int lo = 255, hi = 0;
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x) {
+            const int g = qGray(img.pixel(x, y));
+            lo = std::min(lo, g);
+            hi = std::max(hi, g);
+        }
+    return hi - lo;
+}
+
+int Distance(QRgb a, QRgb b)
+{
+    return std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b));
+}
+
+const int kDrawnButtons[] = {BtnClose, BtnMaxmize, BtnMinimize, BtnPlay, BtnPause, BtnStop, BtnPrevious, BtnRewind,
+                             BtnNext, BtnFF, BtnSnapShoot, BtnFullScreen, BtnPlayList, BtnDvd, BtnOpen, BtnSound};
+
+} // namespace
+
+TEST(SkinPainter, CommittedSkinIsComplete)
+{
+    EXPECT_TRUE(Skin().isComplete()) << "loaded " << Skin().loadedCount();
+    EXPECT_FALSE(Skin().progressBack().isNull());
+}
+
+TEST(SkinPainter, PaintsEveryButtonAtBothSizesAndWritesPictures)
+{
+    const char *stateNames[] = {"normal", "over", "pressed", "disabled"};
+    for (QSize size : {QSize(388, 515), QSize(1920, 1080)}) {
+        for (int st = 0; st < kSkinStateCount; ++st) {
+            SCOPED_TRACE(QStringLiteral("%1x%2 %3").arg(size.width()).arg(size.height()).arg(stateNames[st]).toStdString());
+            const Painted painted = PaintSkin(StateAt(size, st));
+            const QString name = QStringLiteral("skin-%1x%2-%3.png").arg(size.width()).arg(size.height()).arg(stateNames[st]);
+            ASSERT_TRUE(painted.image.save(test::SkinOutputFolder() + name));
+            // nothing of the window is left unpainted
+            for (int y = 0; y < size.height(); y += 3)
+                for (int x = 0; x < size.width(); x += 3)
+                    ASSERT_NE(painted.image.pixel(x, y), QColor(Qt::magenta).rgb()) << x << "," << y;
+            const SkinLayout layout = SkinLayout::Compute(size);
+            for (int i : kDrawnButtons) {
+                EXPECT_FALSE(painted.rects[i].isEmpty()) << "button " << i;
+                EXPECT_GT(Spread(painted.image, layout.buttons[i].toQRect()), 40) << "button " << i << " looks blank";
+            }
+            EXPECT_FALSE(painted.rects[BtnTitleBar].isEmpty());
+            EXPECT_FALSE(painted.rects[BtnWindowIcon].isEmpty());
+            for (int i : {3, 4, 5, 6, 21, 22})
+                EXPECT_TRUE(painted.rects[i].isEmpty());
+        }
+    }
+}
+
+TEST(SkinPainter, StretchedPiecesJoinWithoutSeams)
+{
+    for (QSize size : {QSize(388, 515), QSize(800, 600), QSize(1920, 1080)}) {
+        SkinPaintState s = StateAt(size, StateNormal);
+        s.fillWidth = 0;
+        s.timeText.clear();
+        s.rateText.clear();
+        s.volumeText.clear();
+        s.captionText.clear();
+        s.menuCaptions.clear();
+        const Painted painted = PaintSkin(s);
+        const QImage &img = painted.image;
+        const SkinLayout l = SkinLayout::Compute(size);
+        SkinRects drawn = l.buttons;
+        auto underButton = [&](QPoint p) {
+            for (const HitRect &r : drawn)
+                if (r.contains(p))
+                    return true;
+            return l.volumeTrack.adjusted(-1, -3, 1, 3).contains(p);
+        };
+        // control area: left piece | centre | right piece, row by row
+        for (int y = l.controlLeft.top(); y <= l.controlLeft.bottom(); ++y) {
+            for (int x : {l.controlCentre.left() - 1, l.controlRight.left() - 1}) {
+                if (underButton({x, y}) || underButton({x + 1, y}))
+                    continue;
+                EXPECT_LE(Distance(img.pixel(x, y), img.pixel(x + 1, y)), 12)
+                    << size.width() << "x" << size.height() << " seam at " << x << "," << y;
+            }
+        }
+        // title bar and video area meet the borders cleanly: the borders run
+        // the same colours from top to bottom
+        for (int x : {0, 7, 14, size.width() - 16, size.width() - 1}) {
+            const QRgb top = img.pixel(x, 40);
+            for (int y = 40; y < l.controlLeft.top(); y += 7)
+                EXPECT_LE(Distance(top, img.pixel(x, y)), 6) << "border column " << x << " row " << y;
+        }
+    }
+}
+
+TEST(SkinPainter, StatesLookDifferentAndMuteSwapsThePicture)
+{
+    const QSize size(388, 515);
+    const SkinLayout layout = SkinLayout::Compute(size);
+    std::array<QImage, kSkinStateCount> shots;
+    for (int st = 0; st < kSkinStateCount; ++st)
+        shots[st] = PaintSkin(StateAt(size, st)).image;
+    for (int i : kDrawnButtons) {
+        const QRect r = layout.buttons[i].toQRect();
+        for (int a = 0; a < kSkinStateCount; ++a)
+            for (int b = a + 1; b < kSkinStateCount; ++b)
+                EXPECT_NE(shots[a].copy(r), shots[b].copy(r)) << "button " << i << " states " << a << "/" << b;
+    }
+    SkinPaintState muted = StateAt(size, StateNormal);
+    muted.isMuted = true;
+    const QImage mutedShot = PaintSkin(muted).image;
+    ASSERT_TRUE(mutedShot.save(test::SkinOutputFolder() + "skin-388x515-muted.png"));
+    const QRect sound = layout.buttons[BtnSound].toQRect();
+    EXPECT_NE(mutedShot.copy(sound), shots[StateNormal].copy(sound));
+}
+
+TEST(SkinPainter, MissingPicturesLeaveButtonsUnclickable)
+{
+    SkinImages none; // nothing loaded
+    QImage img(388, 515, QImage::Format_RGB32);
+    img.fill(Qt::black);
+    QPainter p(&img);
+    SkinPaintState s;
+    const SkinRects rects = SkinPainter(none).paint(p, s);
+    p.end();
+    for (const HitRect &r : rects)
+        EXPECT_TRUE(r.isEmpty());
+    EXPECT_EQ(HitTestButtons(rects, QPoint(194, 450)), -1);
+}
