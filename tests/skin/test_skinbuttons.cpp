@@ -1,0 +1,90 @@
+// The button state machine: hover, press, release, click and double-click,
+// with disabled buttons that the mouse never wakes.
+#include "skin/skinbuttons.h"
+
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+TEST(SkinButtons, HoverLightsOneButtonAndMovingOffResetsIt)
+{
+    SkinButtons b;
+    EXPECT_TRUE(b.mouseMove(BtnPlay, false));
+    EXPECT_EQ(b.state(BtnPlay), StateOver);
+    EXPECT_TRUE(b.mouseMove(BtnStop, false));
+    EXPECT_EQ(b.state(BtnPlay), StateNormal);
+    EXPECT_EQ(b.state(BtnStop), StateOver);
+    EXPECT_TRUE(b.mouseMove(-1, false));
+    EXPECT_EQ(b.state(BtnStop), StateNormal);
+    // while a button is held nothing changes and no repaint is asked for
+    b.mouseMove(BtnNext, false);
+    EXPECT_FALSE(b.mouseMove(BtnPrevious, true));
+    EXPECT_EQ(b.state(BtnNext), StateOver);
+    EXPECT_EQ(b.state(BtnPrevious), StateNormal);
+}
+
+TEST(SkinButtons, PressShowsUntilTheNextMoveAndRunsPressActions)
+{
+    SkinButtons b;
+    EXPECT_EQ(b.mousePress(BtnPlay), SkinCommand::None);
+    EXPECT_EQ(b.state(BtnPlay), StatePressed);
+    // a move over the pressed button keeps nothing pressed: it becomes "over"
+    b.mouseMove(BtnPlay, false);
+    EXPECT_EQ(b.state(BtnPlay), StateOver);
+    EXPECT_EQ(b.mousePress(BtnRewind), SkinCommand::StartRewind);
+    EXPECT_EQ(b.state(BtnPlay), StateNormal);
+    EXPECT_EQ(b.mousePress(BtnFF), SkinCommand::FastForwardDown);
+    EXPECT_EQ(b.mousePress(BtnTitleBar), SkinCommand::DragWindow);
+    EXPECT_EQ(b.mousePress(-1), SkinCommand::None);
+    // releases end rewind and fast forward only over their own buttons
+    EXPECT_EQ(b.mouseRelease(BtnRewind), SkinCommand::StopRewind);
+    EXPECT_EQ(b.mouseRelease(BtnFF), SkinCommand::FastForwardUp);
+    EXPECT_EQ(b.mouseRelease(BtnPlay), SkinCommand::None);
+    // a release over fast forward stops it even when it has been disabled since
+    b.setEnabled(BtnFF, false);
+    EXPECT_EQ(b.mouseRelease(BtnFF), SkinCommand::FastForwardUp);
+}
+
+TEST(SkinButtons, ClicksMapToCommandsAndDisabledButtonsStayDead)
+{
+    SkinButtons b;
+    const std::pair<int, SkinCommand> table[] = {
+        {BtnClose, SkinCommand::Close},         {BtnMaxmize, SkinCommand::ToggleMaximize},
+        {BtnMinimize, SkinCommand::Minimize},   {BtnPlay, SkinCommand::Play},
+        {BtnPause, SkinCommand::Pause},         {BtnStop, SkinCommand::Stop},
+        {BtnPrevious, SkinCommand::Previous},   {BtnNext, SkinCommand::Next},
+        {BtnSnapShoot, SkinCommand::MediaInfo}, {BtnFullScreen, SkinCommand::FullScreen},
+        {BtnPlayList, SkinCommand::PlayList},   {BtnDvd, SkinCommand::Dvd},
+        {BtnOpen, SkinCommand::Open},           {BtnSound, SkinCommand::Mute},
+        {BtnRewind, SkinCommand::None},         {BtnFF, SkinCommand::None},
+        {BtnTitleBar, SkinCommand::None},       {BtnWindowIcon, SkinCommand::None},
+        {-1, SkinCommand::None},                {99, SkinCommand::None},
+    };
+    for (auto [index, command] : table)
+        EXPECT_EQ(b.click(index), command) << index;
+
+    b.setEnabled(BtnMinimize, false); // maximised by the Maximize button
+    EXPECT_EQ(b.click(BtnMinimize), SkinCommand::None);
+    b.mouseMove(BtnMinimize, false);
+    EXPECT_EQ(b.state(BtnMinimize), StateDisabled);
+    EXPECT_EQ(b.mousePress(BtnMinimize), SkinCommand::None);
+    EXPECT_EQ(b.state(BtnMinimize), StateDisabled);
+    b.setEnabled(BtnRewind, false);
+    EXPECT_EQ(b.mousePress(BtnRewind), SkinCommand::None);
+    b.setEnabled(BtnMinimize, true);
+    EXPECT_EQ(b.click(BtnMinimize), SkinCommand::Minimize);
+    // out-of-range states and indices are ignored
+    b.setState(BtnPlay, 7);
+    b.setState(40, StateDisabled);
+    EXPECT_EQ(b.state(BtnPlay), StateNormal);
+    EXPECT_EQ(b.state(40), StateNormal);
+}
+
+TEST(SkinButtons, DoubleClickOnlyOnTheTitleBar)
+{
+    SkinButtons b;
+    EXPECT_EQ(b.doubleClick(BtnTitleBar), SkinCommand::MaximizeOrRestore);
+    EXPECT_EQ(b.doubleClick(BtnWindowIcon), SkinCommand::None);
+    EXPECT_EQ(b.doubleClick(BtnPlay), SkinCommand::None);
+    EXPECT_EQ(b.doubleClick(-1), SkinCommand::None);
+}
