@@ -7,6 +7,7 @@
 #include "support/xvfb.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
 #include <gtest/gtest.h>
@@ -62,6 +63,18 @@ protected:
         lines[line] = value + "\r";
         ASSERT_TRUE(cfg.open(QIODevice::WriteOnly | QIODevice::Truncate));
         cfg.write(lines.join('\n'));
+    }
+    // Waits until `text` stands `count` times in the program's trace.
+    static bool waitForCount(QuorvelProcess &q, const QString &text, int count, int timeoutMs = 60000)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        while (q.log().count(text) < count) {
+            if (clock.elapsed() > timeoutMs || !q.isRunning())
+                return q.log().count(text) >= count;
+            q.waitForLog(QStringLiteral("\\A\\z"), 100); // just reads what has come
+        }
+        return true;
     }
     // Sends keys to the program's window (xdotool key syntax).
     void keys(const QStringList &sequence)
