@@ -11,7 +11,7 @@ int FillWidthForPercent(int percent, int barWidth)
 
 std::optional<SeekResult> SeekFromFill(Qt::MouseButton button, int x, bool mediaLoaded, int barWidth)
 {
-    if (button != Qt::LeftButton || !mediaLoaded || barWidth <= 0 || x >= barWidth - 2)
+    if (button != Qt::LeftButton || !mediaLoaded || barWidth <= 0 || x < 0 || x >= barWidth - 2)
         return std::nullopt;
     return SeekResult{x, double(x) / barWidth};
 }
@@ -19,7 +19,7 @@ std::optional<SeekResult> SeekFromFill(Qt::MouseButton button, int x, bool media
 std::optional<SeekResult> SeekFromBarPress(Qt::MouseButton button, int x, bool mediaLoaded, int barWidth,
                                            int currentFillWidth)
 {
-    if (!mediaLoaded || barWidth <= 0 || x >= barWidth - 2)
+    if (!mediaLoaded || barWidth <= 0 || x < 0 || x >= barWidth - 2)
         return std::nullopt;
     const int fill = button == Qt::LeftButton ? x : currentFillWidth;
     return SeekResult{fill, double(fill) / barWidth};
@@ -27,7 +27,7 @@ std::optional<SeekResult> SeekFromBarPress(Qt::MouseButton button, int x, bool m
 
 std::optional<SeekResult> SeekFromBarMove(Qt::MouseButtons held, int x, bool mediaLoaded, int barWidth)
 {
-    if (!(held & Qt::LeftButton) || !mediaLoaded || barWidth <= 0 || x >= barWidth - 2)
+    if (!(held & Qt::LeftButton) || !mediaLoaded || barWidth <= 0 || x < 0 || x >= barWidth - 2)
         return std::nullopt;
     return SeekResult{x, double(x) / barWidth};
 }

@@ -30,7 +30,8 @@ std::optional<SeekResult> SeekFromFill(Qt::MouseButton button, int x, bool media
 // the position the fill shows.
 std::optional<SeekResult> SeekFromBarPress(Qt::MouseButton button, int x, bool mediaLoaded, int barWidth,
                                            int currentFillWidth);
-// Move over the bar with the left button held.
+// Move over the bar with the left button held. Positions left of the bar
+// (a drag past its start) are ignored like those at its right end.
 std::optional<SeekResult> SeekFromBarMove(Qt::MouseButtons held, int x, bool mediaLoaded, int barWidth);
 
 // Press on the track, or a move with any button held.

@@ -1,0 +1,160 @@
+// The window-side flow: paint, then mouse events at client positions, as
+// the main window forwards them, with the committed skin.
+#include "skintestdata.h"
+
+#include "skin/skincontroller.h"
+
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+
+const SkinImages &Skin()
+{
+    static SkinImages images = [] {
+        SkinImages i;
+        i.LoadSkinImages(test::SkinProgramFolder());
+        i.LoadProgressBack(test::SkinProgramFolder());
+        return i;
+    }();
+    return images;
+}
+
+void Paint(SkinController &c)
+{
+    QImage img(c.state().size, QImage::Format_RGB32);
+    QPainter p(&img);
+    c.paint(p);
+}
+
+QPoint Centre(const HitRect &r) { return {(r.left + r.right) / 2, (r.top + r.bottom) / 2}; }
+
+} // namespace
+
+TEST(SkinController, ClickRunsTheButtonUnderThePointerAtRelease)
+{
+    SkinController c(Skin());
+    Paint(c);
+    const SkinLayout l = c.layout();
+    const QPoint play = Centre(c.hitRects()[BtnPlay]);
+    auto r = c.mousePress(play, Qt::LeftButton);
+    EXPECT_TRUE(r.repaint);
+    EXPECT_TRUE(r.commands.empty());
+    EXPECT_EQ(c.buttons().state(BtnPlay), StatePressed);
+    r = c.mouseRelease(play);
+    ASSERT_EQ(r.commands.size(), 1u);
+    EXPECT_EQ(r.commands[0], SkinCommand::Play);
+
+    // pressed on Play, released on Stop: Stop runs
+    c.mousePress(play, Qt::LeftButton);
+    r = c.mouseRelease(Centre(c.hitRects()[BtnStop]));
+    EXPECT_TRUE(r.has(SkinCommand::Stop));
+    EXPECT_FALSE(r.has(SkinCommand::Play));
+
+    // the lower 2/7 of the Play picture is dead
+    const QPoint low(play.x(), l.buttons[BtnPlay].bottom - 5);
+    c.mousePress(low, Qt::LeftButton);
+    EXPECT_TRUE(c.mouseRelease(low).commands.empty());
+
+    // a disabled button neither lights nor clicks
+    c.buttons().setEnabled(BtnNext, false);
+    const QPoint next = Centre(c.hitRects()[BtnNext]);
+    c.mouseMove(next, Qt::NoButton);
+    EXPECT_EQ(c.buttons().state(BtnNext), StateDisabled);
+    c.mousePress(next, Qt::LeftButton);
+    EXPECT_TRUE(c.mouseRelease(next).commands.empty());
+}
+
+TEST(SkinController, HoverRewindTitleBarAndMute)
+{
+    SkinController c(Skin());
+    Paint(c);
+    const QPoint open = Centre(c.hitRects()[BtnOpen]);
+    EXPECT_TRUE(c.mouseMove(open, Qt::NoButton).repaint);
+    EXPECT_EQ(c.buttons().state(BtnOpen), StateOver);
+    Paint(c);
+    EXPECT_EQ(c.state().buttonStates[BtnOpen], StateOver);
+
+    // holding rewind and releasing elsewhere leaves it running
+    const QPoint rewind = Centre(c.hitRects()[BtnRewind]);
+    EXPECT_TRUE(c.mousePress(rewind, Qt::LeftButton).has(SkinCommand::StartRewind));
+    EXPECT_FALSE(c.mouseRelease(open).has(SkinCommand::StopRewind));
+    c.mousePress(rewind, Qt::LeftButton);
+    EXPECT_TRUE(c.mouseRelease(rewind).has(SkinCommand::StopRewind));
+
+    // the window icon lies in the title bar, so a press there moves the window
+    EXPECT_TRUE(c.mousePress({10, 10}, Qt::LeftButton).has(SkinCommand::DragWindow));
+    c.mouseRelease({10, 10});
+    EXPECT_TRUE(c.doubleClick({200, 15}).has(SkinCommand::MaximizeOrRestore));
+
+    c.state().isMuted = true;
+    Paint(c);
+    const QPoint sound = Centre(c.hitRects()[BtnSound]);
+    c.mousePress(sound, Qt::LeftButton);
+    EXPECT_TRUE(c.mouseRelease(sound).has(SkinCommand::Mute));
+}
+
+TEST(SkinController, SeekBarAndVolumeDrags)
+{
+    SkinController c(Skin());
+    Paint(c);
+    const SkinLayout l = c.layout();
+    const QPoint onBar(l.seekBar.left() + 100, l.seekBar.top() + 6);
+
+    // nothing loaded: the bar does nothing
+    auto r = c.mousePress(onBar, Qt::LeftButton);
+    EXPECT_FALSE(r.seekTo);
+    c.mouseRelease(onBar);
+    EXPECT_EQ(c.state().fillWidth, 0);
+
+    c.setMediaLoaded(true);
+    r = c.mousePress(onBar, Qt::LeftButton);
+    ASSERT_TRUE(r.seekTo);
+    EXPECT_DOUBLE_EQ(*r.seekTo, 100.0 / l.seekBar.width());
+    EXPECT_EQ(c.state().fillWidth, 100);
+    // the drag goes on outside the bar's height, and stops short of its end
+    r = c.mouseMove({l.seekBar.left() + 150, l.seekBar.top() - 30}, Qt::LeftButton);
+    ASSERT_TRUE(r.seekTo);
+    EXPECT_EQ(c.state().fillWidth, 150);
+    r = c.mouseMove({l.seekBar.right(), l.seekBar.top() + 6}, Qt::LeftButton);
+    EXPECT_FALSE(r.seekTo);
+    EXPECT_EQ(c.state().fillWidth, 150);
+    r = c.mouseMove({l.seekBar.left() - 20, l.seekBar.top() + 6}, Qt::LeftButton);
+    EXPECT_FALSE(r.seekTo);
+    c.mouseRelease({0, 0});
+    // after release, moves over the bar change nothing
+    EXPECT_FALSE(c.mouseMove(onBar, Qt::LeftButton).seekTo);
+
+    // a right press on the bar re-sends the position the fill shows
+    r = c.mousePress({l.seekBar.left() + 200, l.seekBar.top() + 1}, Qt::RightButton);
+    ASSERT_TRUE(r.seekTo);
+    EXPECT_DOUBLE_EQ(*r.seekTo, 150.0 / l.seekBar.width());
+    c.mouseRelease({0, 0});
+
+    c.SetProgressPercent(50);
+    EXPECT_EQ(c.state().fillWidth, RoundHalfEven(l.seekBar.width() / 2.0));
+
+    // volume: a press on the track, then a drag of the knob past the end
+    r = c.mousePress({l.volumeTrack.left() + 28, l.volumeTrack.top() + 6}, Qt::LeftButton);
+    ASSERT_TRUE(r.volume);
+    EXPECT_EQ(*r.volume, 49);
+    EXPECT_EQ(c.state().volumeText, "49");
+    EXPECT_EQ(c.state().knobLeft, 25);
+    c.mouseRelease({0, 0});
+    const QRect knob = l.knob(c.state().knobLeft);
+    c.mousePress(knob.center(), Qt::LeftButton);
+    r = c.mouseMove({l.volumeTrack.left() + 54, knob.center().y()}, Qt::LeftButton);
+    ASSERT_TRUE(r.volume);
+    EXPECT_EQ(*r.volume, 100);
+    r = c.mouseMove({l.volumeTrack.left() + 70, knob.center().y()}, Qt::LeftButton);
+    EXPECT_FALSE(r.volume);
+    EXPECT_EQ(c.state().knobLeft, 51);
+    EXPECT_EQ(c.state().volumeText, "100");
+    c.mouseRelease({0, 0});
+    // button states were not touched by the slider work
+    for (int s : c.buttons().states())
+        EXPECT_NE(s, StatePressed);
+}
