@@ -132,19 +132,19 @@ void PaintBand(QPainter &p, qreal left, qreal right)
 void PaintSeekGroove(QPainter &p, qreal left, qreal right, qreal top)
 {
     Antialias(p);
-    const QRectF outer(left, top + 1, right - left, 12);
+    const QRectF outer(left, top + 1, right - left, 11);
     QPainterPath below;
-    below.addRoundedRect(outer.adjusted(0, 1, 0, 1), 6, 6);
+    below.addRoundedRect(outer.adjusted(0, 1, 0, 1), 5.5, 5.5);
     p.fillPath(below, QColor(62, 70, 82));
     QPainterPath rim;
-    rim.addRoundedRect(outer, 6, 6);
+    rim.addRoundedRect(outer, 5.5, 5.5);
     p.fillPath(rim, QColor(6, 7, 9));
     const QRectF inner = outer.adjusted(1, 1, -1, -1);
     QLinearGradient g(0, inner.top(), 0, inner.bottom());
     g.setColorAt(0, QColor(12, 14, 17));
     g.setColorAt(1, QColor(24, 27, 33));
     QPainterPath trough;
-    trough.addRoundedRect(inner, 5, 5);
+    trough.addRoundedRect(inner, 4.5, 4.5);
     p.fillPath(trough, g);
 }
 
@@ -365,11 +365,16 @@ void PaintRoundButton(QPainter &p, QPointF c, qreal r, State st, bool primary, I
         p.drawEllipse(c + QPointF(0, 2.5), r + 4, r + 4);
     }
     if (st == Over) {
-        QRadialGradient glow(c, r + 6);
-        glow.setColorAt(r / (r + 6), WithAlpha(kAccent, 150));
-        glow.setColorAt(1, WithAlpha(kAccent, 0));
-        p.setBrush(glow);
-        p.drawEllipse(c, r + 6, r + 6);
+        // the glow fades out before the picture's edges, so no cut shows
+        const qreal w = p.device()->width(), h = p.device()->height();
+        const qreal g = std::min({r + 6, c.x(), w - c.x(), c.y(), h - c.y()});
+        if (g > r) {
+            QRadialGradient glow(c, g);
+            glow.setColorAt(r / g, WithAlpha(kAccent, 150));
+            glow.setColorAt(1, WithAlpha(kAccent, 0));
+            p.setBrush(glow);
+            p.drawEllipse(c, g, g);
+        }
     }
 
     QColor top, bottom, rim, iconColour;
@@ -558,12 +563,12 @@ struct ToolSpec {
 // drawn bottom, so every icon sits in the upper part of its picture.
 const RoundSpec kRoundButtons[] = {
     {"Play.jpg", {69, 83}, 60, {34.5, 30}, 25, true, Icon::Play, 22},
-    {"Pause.jpg", {35, 44}, 90, {17.5, 15}, 13, false, Icon::Pause, 11},
-    {"Stop.jpg", {36, 47}, 90, {18, 15}, 13, false, Icon::Stop, 10},
-    {"Previous.jpg", {29, 37}, 63, {14.5, 13}, 11, false, Icon::Previous, 10},
-    {"Rewind.jpg", {30, 37}, 65, {15, 11}, 11, false, Icon::Rewind, 10},
-    {"Next.jpg", {28, 34}, 63, {13.5, 13}, 11, false, Icon::Next, 10},
-    {"ff.jpg", {29, 37}, 64, {14.5, 12}, 11, false, Icon::Forward, 10},
+    {"Pause.jpg", {35, 44}, 90, {17.5, 17}, 13, false, Icon::Pause, 11},
+    {"Stop.jpg", {36, 47}, 90, {18, 17}, 13, false, Icon::Stop, 10},
+    {"Previous.jpg", {29, 37}, 63, {14.5, 14}, 11, false, Icon::Previous, 10},
+    {"Rewind.jpg", {30, 37}, 65, {15, 12}, 11, false, Icon::Rewind, 10},
+    {"Next.jpg", {28, 34}, 63, {13.5, 14}, 11, false, Icon::Next, 10},
+    {"ff.jpg", {29, 37}, 64, {14.5, 13}, 11, false, Icon::Forward, 10},
 };
 
 const ToolSpec kToolButtons[] = {
@@ -824,10 +829,11 @@ QImage ContactSheet(const std::vector<SkinFile> &files, int zoom)
         QSize sz = img.size() * zoom;
         if (sz.width() > cellW - 8 || sz.height() > cellH - 24)
             sz.scale(cellW - 8, cellH - 24, Qt::KeepAspectRatio);
-        p.fillRect(cx + 4, cy + 4, sz.width(), sz.height(), QBrush(QColor(200, 0, 200), Qt::Dense4Pattern));
-        p.drawImage(QRect(QPoint(cx + 4, cy + 4), sz), img);
+        // the label above its picture; magenta hatching shows transparency
+        p.fillRect(cx + 4, cy + 20, sz.width(), sz.height(), QBrush(QColor(200, 0, 200), Qt::Dense4Pattern));
+        p.drawImage(QRect(QPoint(cx + 4, cy + 20), sz), img);
         p.setPen(Qt::white);
-        p.drawText(QRect(cx + 2, cy + cellH - 18, cellW - 4, 16), Qt::AlignLeft,
+        p.drawText(QRect(cx + 2, cy + 2, cellW - 4, 16), Qt::AlignLeft,
                    QString("%1 %2x%3").arg(files[i].relativePath).arg(img.width()).arg(img.height()));
     }
     return sheet;
