@@ -25,6 +25,8 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QScreen>
+#include <QShortcut>
 #include <QSystemTrayIcon>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -133,15 +135,14 @@ void MainWindow::connectParts()
     });
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
             [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
-    connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] {
-        if (isFullScreen())
-            enterFullScreen(false);
-    });
-    connect(m_videoFrame, &VideoFrame::escapePressed, this, [this] {
-        if (isFullScreen())
-            enterFullScreen(false);
-    });
+    connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });
+    connect(m_videoFrame, &VideoFrame::escapePressed, this, [this] { enterFullScreen(false); });
     m_engine->setFullscreenHandler([this](bool on) { enterFullScreen(on); });
+    // Escape leaves full screen wherever the focus is; it is free otherwise.
+    m_leaveFullScreen = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    m_leaveFullScreen->setContext(Qt::ApplicationShortcut);
+    m_leaveFullScreen->setEnabled(false);
+    connect(m_leaveFullScreen, &QShortcut::activated, this, [this] { enterFullScreen(false); });
 }
 
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
@@ -200,15 +201,23 @@ void MainWindow::flashCaption()
 
 void MainWindow::enterFullScreen(bool on)
 {
-    if (on == isFullScreen())
+    // Tracked here: without a window manager the window state is not reliable.
+    if (on == m_inFullScreen)
         return;
+    m_inFullScreen = on;
+    qCDebug(lcApp) << "full screen" << on;
     if (on) {
         m_normalGeometry = geometry();
         m_listWidget->setProperty("wasVisible", m_listWidget->isVisible());
         m_listWidget->hide();
+        m_leaveFullScreen->setEnabled(true);
         showFullScreen();
+        // Without a window manager nobody else resizes the window.
+        if (QScreen *s = screen())
+            setGeometry(s->geometry());
         m_videoFrame->setFocus();
     } else {
+        m_leaveFullScreen->setEnabled(false);
         showNormal();
         if (m_listWidget->property("wasVisible").toBool())
             m_listWidget->show();
@@ -220,7 +229,7 @@ void MainWindow::enterFullScreen(bool on)
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && isFullScreen()) {
+    if (event->key() == Qt::Key_Escape && m_inFullScreen) {
         enterFullScreen(false);
         return;
     }
@@ -278,7 +287,7 @@ void MainWindow::resizeEvent(QResizeEvent *event)
         m_listWidget->setGeometry(m_splitter->geometry());
     if (m_thumbList)
         SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
-    if (!m_isLoading && !isMaximized() && !isFullScreen()) {
+    if (!m_isLoading && !isMaximized() && !m_inFullScreen) {
         m_settings.WindowWidth = width() * kTwipsPerPixel;
         m_settings.WindowHeight = height() * kTwipsPerPixel;
     }

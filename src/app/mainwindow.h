@@ -21,6 +21,7 @@ class QBoxLayout;
 class QToolButton;
 class QLabel;
 class QMenuBar;
+class QShortcut;
 class QSystemTrayIcon;
 class QListWidget;
 class QProgressBar;
@@ -124,6 +125,7 @@ private:
     bool m_closing = false;
     bool m_painted = false;
     bool m_playlistFill = false;
+    bool m_inFullScreen = false;
     QRect m_normalGeometry;
 
     // Widgets (owned by the window through Qt parenting).
@@ -138,6 +140,7 @@ private:
     QMenuBar *m_menuBar = nullptr;
     MenuBarView *m_menuView = nullptr;
     QSystemTrayIcon *m_tray = nullptr;
+    QShortcut *m_leaveFullScreen = nullptr;
 
     MenuModel m_menu;
 

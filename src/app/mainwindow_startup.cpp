@@ -135,7 +135,7 @@ void MainWindow::SetLoadedOptions()
 
 void MainWindow::WriteConfigurations()
 {
-    if (!isMaximized() && !isFullScreen() && !m_isLoading) {
+    if (!isMaximized() && !m_inFullScreen && !m_isLoading) {
         m_settings.WindowLeft = x() * kTwipsPerPixel;
         m_settings.WindowTop = y() * kTwipsPerPixel;
     }

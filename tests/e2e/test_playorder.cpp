@@ -104,3 +104,27 @@ TEST_F(PlayOrderTest, NextAndPreviousWrapAround)
     EXPECT_EQ(startedTitles(q->log()).mid(0, 3),
               (QStringList{u"one.mp4"_qs, u"three.mp4"_qs, u"one.mp4"_qs}));
 }
+
+TEST_F(PlayOrderTest, FullScreenIsLeftWithEscape)
+{
+    const QString file = copyOf(makeClip(QStringLiteral("e2e-long.mp4"), 8, QStringLiteral("320x240")),
+                                QStringLiteral("long.mp4"));
+    auto q = launchInstance({file});
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3")).hasMatch());
+    auto geometry = [this] {
+        QProcess p;
+        p.setProcessEnvironment(x().environment());
+        p.start(QStringLiteral("sh"), {QStringLiteral("-c"),
+                                       QStringLiteral("xdotool getwindowgeometry $(xdotool search --name '^Quorvel' | head -1)")});
+        p.waitForFinished(10000);
+        return QString::fromUtf8(p.readAll());
+    };
+    keys({QStringLiteral("ctrl+f")});
+    QThread::msleep(500);
+    EXPECT_TRUE(geometry().contains(QStringLiteral("1280x1024"))) << geometry().toStdString();
+    const QString shot = outputDir() + QStringLiteral("/fullscreen.png");
+    x().screenshot(shot);
+    keys({QStringLiteral("Escape")});
+    QThread::msleep(500);
+    EXPECT_FALSE(geometry().contains(QStringLiteral("1280x1024"))) << geometry().toStdString();
+}
