@@ -51,7 +51,7 @@ SkinPaintState StateAt(QSize size, int buttonState)
     s.captionText = QStringLiteral("Quorvel - (clip.avi)");
     s.timeText = QStringLiteral("00:01:23 / 00:03:45");
     s.rateText = QStringLiteral("1.0x");
-    s.volumeText = QStringLiteral("53");
+    s.volumeText = QStringLiteral("100"); // the widest the number gets
     s.menuCaptions = {QStringLiteral("File"), QStringLiteral("Play"), QStringLiteral("Playlist"),
                       QStringLiteral("Tools"), QStringLiteral("Help")};
     return s;
@@ -104,6 +104,10 @@ TEST(SkinPainter, PaintsEveryButtonAtBothSizesAndWritesPictures)
                 EXPECT_FALSE(painted.rects[i].isEmpty()) << "button " << i;
                 EXPECT_GT(Spread(painted.image, layout.buttons[i].toQRect()), 40) << "button " << i << " looks blank";
             }
+            // the volume number ("100" at its widest) stays off the window's edge
+            const QRgb edge = painted.image.pixel(size.width() - 1, size.height() - 40);
+            for (int y = size.height() - 28; y < size.height() - 15; ++y)
+                EXPECT_LE(Distance(painted.image.pixel(size.width() - 1, y), edge), 12) << "edge row " << y;
             EXPECT_FALSE(painted.rects[BtnTitleBar].isEmpty());
             EXPECT_FALSE(painted.rects[BtnWindowIcon].isEmpty());
             for (int i : {3, 4, 5, 6, 21, 22})
