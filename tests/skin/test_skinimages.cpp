@@ -4,12 +4,14 @@
 
 #include "skin/skinimages.h"
 
+#include <QCursor>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QPainter>
 #include <QSet>
 #include <QTemporaryDir>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
@@ -181,4 +183,19 @@ TEST(SkinImages, HitTestFindsLowestIndexWithExclusiveEdges)
     empty[0] = {5, 5, 5, 9}; // no width: contains nothing
     EXPECT_EQ(HitTestButtons(empty, QPoint(5, 5)), -1);
     EXPECT_EQ(HitTestButtons(empty, static_cast<const QWidget *>(nullptr)), -1);
+}
+
+TEST(SkinImages, HitTestOverAWindowReadsTheLivePointer)
+{
+    QWidget window;
+    window.setGeometry(100, 120, 388, 515);
+    window.show();
+    std::array<HitRect, 24> rects{};
+    rects[8] = {160, 428, 229, 487};
+    QCursor::setPos(window.mapToGlobal(QPoint(170, 430)));
+    if (window.mapFromGlobal(QCursor::pos()) != QPoint(170, 430))
+        GTEST_SKIP() << "this platform cannot place the pointer";
+    EXPECT_EQ(HitTestButtons(rects, &window), 8);
+    QCursor::setPos(window.mapToGlobal(QPoint(170, 487)));
+    EXPECT_EQ(HitTestButtons(rects, &window), -1);
 }
