@@ -29,7 +29,7 @@ void LogindPower::powerOff()
 void LogindPower::request(const QString &action)
 {
     if (!m_bus.isConnected()) {
-        qCWarning(lcPlayback) << "cannot" << action << "the computer: no connection to the system bus";
+        qCWarning(lcPlayback) << "cannot" << action << "the computer: no connection to the message bus";
         emit finished(action, false);
         return;
     }

@@ -1,5 +1,6 @@
 #include "playback/playorder.h"
 #include "playback/rounding.h"
+#include "qstringprint.h"
 
 #include <QRandomGenerator>
 #include <QSet>

@@ -1,0 +1,214 @@
+#include "playback/afterplay.h"
+#include "playback/playorder.h"
+#include "playback/systempower.h"
+#include "qstringprint.h"
+#include "recordingpower.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+using namespace quorvel::playback;
+
+TEST(AfterPlay, StartsAtDoNothingAndDoAfterChecksOneKey)
+{
+    test::RecordingPower power;
+    int exits = 0;
+    AfterPlay after(power, [&] { ++exits; });
+    EXPECT_EQ(after.AfterPlayAction(), AfterDoNothing);
+    EXPECT_EQ(after.checkedKey(), "Donothing");
+    EXPECT_EQ(AfterPlayKeys(),
+              (QStringList{"Donothing", "ExitQuorvel", "RestartTheComputer", "ShutdownTheComputer"}));
+
+    // Restart chosen, then "Do nothing": only "Donothing" stays checked and
+    // nothing happens at the end.
+    after.DoAfter(AfterRestart);
+    EXPECT_EQ(after.checkedKey(), "RestartTheComputer");
+    after.DoAfter(AfterDoNothing);
+    EXPECT_EQ(after.checkedKey(), "Donothing");
+    after.DoAfterFinishPlay();
+    EXPECT_TRUE(power.requests.isEmpty());
+    EXPECT_EQ(exits, 0);
+
+    // An unknown value changes no mark and does nothing when carried out.
+    after.DoAfter(AfterShutdown);
+    after.DoAfter(7);
+    EXPECT_EQ(after.AfterPlayAction(), 7);
+    EXPECT_EQ(after.checkedKey(), "ShutdownTheComputer");
+    after.DoAfterFinishPlay();
+    EXPECT_TRUE(power.requests.isEmpty());
+
+    // The classic menu sets the action without touching the keyed marks.
+    after.setAfterPlayAction(AfterExit);
+    EXPECT_EQ(after.checkedKey(), "ShutdownTheComputer");
+    after.DoAfterFinishPlay();
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(after.AfterPlayAction(), AfterExit); // stays chosen
+}
+
+TEST(AfterPlay, EachActionMakesItsOneRequest)
+{
+    test::RecordingPower power;
+    int exits = 0;
+    AfterPlay after(power, [&] { ++exits; });
+    after.DoAfter(AfterRestart);
+    after.DoAfterFinishPlay();
+    EXPECT_EQ(power.requests, QStringList{"reboot"});
+    after.DoAfter(AfterShutdown);
+    after.DoAfterFinishPlay();
+    EXPECT_EQ(power.requests, (QStringList{"reboot", "powerOff"}));
+    after.DoAfter(AfterExit);
+    after.DoAfterFinishPlay();
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(power.requests.size(), 2);
+
+    // Without an exit callback the exit action is simply skipped.
+    AfterPlay bare(power, {});
+    bare.DoAfter(AfterExit);
+    bare.DoAfterFinishPlay();
+    EXPECT_EQ(power.requests.size(), 2);
+}
+
+TEST(AfterPlay, NormalModeWithShutdownChosenPowersOffOnceWhenTheItemEnds)
+{
+    // The monitor's end rules and the after-play action together: normal
+    // mode stops and runs the action; continuous with repeat all never runs out.
+    test::RecordingPower power;
+    AfterPlay after(power, {});
+    after.DoAfter(AfterShutdown);
+
+    PlayOrder order;
+    order.PBNormal(2, 0);
+    order.RepeatAll();
+    if (DecideEndOfItem(order, 1, QStringLiteral("/v/a.mkv")).action == EndOfItemDecision::StopThenAfterPlay)
+        after.DoAfterFinishPlay();
+    EXPECT_EQ(power.requests, QStringList{"powerOff"});
+
+    order.PBCont(2, 0);
+    for (int tick = 0; tick < 10; ++tick)
+        if (DecideEndOfItem(order, 1, QStringLiteral("/v/a.mkv")).action == EndOfItemDecision::StopThenAfterPlay)
+            after.DoAfterFinishPlay();
+    EXPECT_EQ(power.requests.size(), 1);
+}
+
+namespace {
+
+// A stand-in login manager on a private bus: answers the Can* questions
+// with a scripted value and records the requests it receives.
+class FakeLogin1 : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
+public:
+    QString answer = QStringLiteral("yes");
+    QStringList calls;
+
+public slots:
+    QString CanReboot() { calls << QStringLiteral("CanReboot"); return answer; }
+    QString CanPowerOff() { calls << QStringLiteral("CanPowerOff"); return answer; }
+    void Reboot(bool interactive) { calls << QStringLiteral("Reboot(%1)").arg(interactive ? "true" : "false"); }
+    void PowerOff(bool interactive) { calls << QStringLiteral("PowerOff(%1)").arg(interactive ? "true" : "false"); }
+};
+
+// A private message bus for the test's own lifetime.
+class PrivateBus {
+public:
+    PrivateBus()
+    {
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+        if (!m_daemon.waitForStarted())
+            return;
+        while (!m_daemon.canReadLine() && m_daemon.state() == QProcess::Running)
+            m_daemon.waitForReadyRead();
+        address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+    }
+    ~PrivateBus()
+    {
+        for (const QString &name : m_names)
+            QDBusConnection::disconnectFromBus(name);
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+    QDBusConnection connect(const QString &name)
+    {
+        m_names << name;
+        return QDBusConnection::connectToBus(address, name);
+    }
+    QString address;
+
+private:
+    QProcess m_daemon;
+    QStringList m_names;
+};
+
+// Runs the event loop until the power request reports back.
+bool waitFinished(LogindPower &power, const QString &expectedAction)
+{
+    bool done = false;
+    bool requested = false;
+    QObject::connect(&power, &LogindPower::finished, [&](const QString &action, bool ok) {
+        EXPECT_EQ(action, expectedAction);
+        done = true;
+        requested = ok;
+    });
+    while (!done)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    return requested;
+}
+
+} // namespace
+
+TEST(LogindPower, AsksFirstThenRequestsWithoutPromptOnAPrivateBus)
+{
+    PrivateBus bus;
+    ASSERT_FALSE(bus.address.isEmpty()) << "dbus-daemon did not start";
+    QDBusConnection serviceSide = bus.connect(QStringLiteral("login1-side"));
+    ASSERT_TRUE(serviceSide.isConnected());
+    FakeLogin1 login1;
+    ASSERT_TRUE(serviceSide.registerObject(QStringLiteral("/org/freedesktop/login1"), &login1,
+                                           QDBusConnection::ExportAllSlots));
+    ASSERT_TRUE(serviceSide.registerService(QStringLiteral("org.freedesktop.login1")));
+
+    LogindPower power(bus.connect(QStringLiteral("player-side")));
+    power.reboot();
+    EXPECT_TRUE(waitFinished(power, QStringLiteral("Reboot")));
+    EXPECT_EQ(login1.calls, (QStringList{"CanReboot", "Reboot(false)"}));
+
+    login1.calls.clear();
+    LogindPower power2(bus.connect(QStringLiteral("player-side-2")));
+    power2.powerOff();
+    EXPECT_TRUE(waitFinished(power2, QStringLiteral("PowerOff")));
+    EXPECT_EQ(login1.calls, (QStringList{"CanPowerOff", "PowerOff(false)"}));
+
+    // A refusal ("challenge" would need a password prompt) stops at the question.
+    for (const QString &answer : {QStringLiteral("no"), QStringLiteral("challenge"), QStringLiteral("na")}) {
+        login1.calls.clear();
+        login1.answer = answer;
+        LogindPower refused(bus.connect(QStringLiteral("player-") + answer));
+        refused.powerOff();
+        EXPECT_FALSE(waitFinished(refused, QStringLiteral("PowerOff")));
+        EXPECT_EQ(login1.calls, QStringList{"CanPowerOff"}) << answer.toStdString();
+    }
+}
+
+TEST(LogindPower, NoLoginManagerOrNoBusIsLoggedNotThrown)
+{
+    PrivateBus bus;
+    ASSERT_FALSE(bus.address.isEmpty()) << "dbus-daemon did not start";
+    // A bus without any login manager: the question fails, nothing else happens.
+    LogindPower lonely(bus.connect(QStringLiteral("lonely")));
+    lonely.reboot();
+    EXPECT_FALSE(waitFinished(lonely, QStringLiteral("Reboot")));
+
+    // No bus at all: reported at once.
+    LogindPower nowhere(QDBusConnection(QStringLiteral("never-connected")));
+    bool reported = false;
+    QObject::connect(&nowhere, &LogindPower::finished, [&](const QString &, bool ok) { reported = !ok; });
+    nowhere.powerOff();
+    EXPECT_TRUE(reported);
+}
+
+#include "test_afterplay.moc"
