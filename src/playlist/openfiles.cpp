@@ -1,0 +1,172 @@
+#include "playlist/openfiles.h"
+
+#include "common/logging.h"
+#include "common/paths.h"
+#include "playlist/filechooser.h"
+
+#include <exception>
+
+namespace quorvel::playlist {
+
+namespace {
+constexpr QChar kNul = u'\0';
+
+// The folder part of a full path ("/" for a file in the root), or a null
+// string when the path names no folder at all.
+QString folderPart(const QString &path)
+{
+    const qsizetype i = path.lastIndexOf(kPathSeparator);
+    if (i < 0)
+        return {};
+    return i == 0 ? QString(kPathSeparator) : path.left(i);
+}
+
+OpenFileEntry singleFileEntry(const QString &path)
+{
+    // The key is the path after its first separator, so that its file
+    // title is the file's name whatever the folder.
+    return {path.mid(path.indexOf(kPathSeparator) + 1), path};
+}
+} // namespace
+
+QList<FileFilterEntry> OpenFileFilterEntries()
+{
+    QList<FileFilterEntry> entries;
+    FileFilterEntry all{QStringLiteral("All Supported Formats"), {}};
+    for (const QString &ext : MediaExtensions()) {
+        all.patterns << QStringLiteral("*.") + ext;
+        entries.append({ext.toUpper(), {QStringLiteral("*.") + ext}});
+    }
+    entries.prepend(all);
+    return entries;
+}
+
+QString OpenFileFilterText()
+{
+    QStringList parts;
+    for (const FileFilterEntry &entry : OpenFileFilterEntries())
+        parts << entry.caption << entry.patterns.join(u';');
+    return parts.join(u'|');
+}
+
+QStringList OpenFileNameFilters()
+{
+    QStringList filters;
+    for (const FileFilterEntry &entry : OpenFileFilterEntries())
+        filters << entry.caption + QStringLiteral(" (") + entry.patterns.join(u' ') + u')';
+    return filters;
+}
+
+QString OpenFileDialogTitle()
+{
+    return QStringLiteral("Open Video File");
+}
+
+QString TrimTrailingNulls(const QString &text)
+{
+    qsizetype end = text.size();
+    while (end > 0 && text.at(end - 1) == kNul)
+        --end;
+    return end == 0 ? text : text.left(end);
+}
+
+QList<OpenFileEntry> ParseOpenFileResult(const QString &result)
+{
+    const QString text = TrimTrailingNulls(result);
+    if (text.isEmpty())
+        return {};
+    const qsizetype firstNul = text.indexOf(kNul);
+    if (firstNul < 0)
+        return {singleFileEntry(text)};
+    QString folder = text.left(firstNul);
+    if (!folder.endsWith(kPathSeparator))
+        folder += kPathSeparator;
+    QList<OpenFileEntry> entries;
+    const QStringList names = text.mid(firstNul + 1).split(kNul, Qt::SkipEmptyParts);
+    for (const QString &name : names)
+        entries.append({name, folder + name});
+    return entries;
+}
+
+QString JoinOpenFileResult(const QStringList &paths)
+{
+    if (paths.size() == 1)
+        return paths.first();
+    if (paths.isEmpty())
+        return {};
+    const QString folder = folderPart(paths.first());
+    if (folder.isNull())
+        return {};
+    QString result = folder;
+    for (const QString &path : paths) {
+        if (folderPart(path) != folder)
+            return {};
+        result += kNul + path.mid(path.lastIndexOf(kPathSeparator) + 1);
+    }
+    return result;
+}
+
+QString FolderOfOpenFileResult(const QString &result)
+{
+    const QString text = TrimTrailingNulls(result);
+    const qsizetype firstNul = text.indexOf(kNul);
+    if (firstNul >= 0)
+        return text.left(firstNul);
+    const QString folder = GetFolderOf(text);
+    // A file in the root: its folder is the root, not "no folder".
+    if (folder.isEmpty() && text.startsWith(kPathSeparator))
+        return QString(kPathSeparator);
+    return folder;
+}
+
+FileOpener::FileOpener(FileChooser &chooser, LoadThumbFn loadThumb)
+    : m_chooser(chooser), m_loadThumb(std::move(loadThumb))
+{
+}
+
+FileOpener::Choice FileOpener::ParseChosenFiles(const QStringList &paths)
+{
+    Choice choice;
+    if (paths.isEmpty())
+        return choice;
+    const QString joined = JoinOpenFileResult(paths);
+    if (!joined.isEmpty()) {
+        choice.entries = ParseOpenFileResult(joined);
+        choice.folder = FolderOfOpenFileResult(joined);
+        return choice;
+    }
+    // Files from several folders (a chooser may allow typed paths): each
+    // keeps its own full path, and the next chooser opens at the first one.
+    for (const QString &path : paths)
+        choice.entries.append(singleFileEntry(path));
+    choice.folder = FolderOfOpenFileResult(paths.first());
+    return choice;
+}
+
+int FileOpener::OpenFiles(bool append)
+{
+    const QStringList chosen = m_chooser.chooseFiles(OpenFileDialogTitle(), OpenFileNameFilters(), m_lastOpenFolder);
+    if (chosen.isEmpty())
+        return 0; // cancelled: the folder stays as it was
+    const Choice choice = ParseChosenFiles(chosen);
+    m_lastOpenFolder = choice.folder;
+    bool first = true;
+    for (const OpenFileEntry &entry : choice.entries) {
+        const bool forcePlay = first && !append;
+        first = false;
+        if (!m_loadThumb)
+            continue;
+        // Each file has its own add with its own messages; one that fails in
+        // an unexpected way must not keep the files after it out.
+        try {
+            m_loadThumb(GetFileTitle(entry.key), entry.path, false, forcePlay);
+        } catch (const std::exception &e) {
+            qCWarning(lcPlaylist) << "adding" << entry.path << "failed:" << e.what();
+        } catch (...) {
+            qCWarning(lcPlaylist) << "adding" << entry.path << "failed";
+        }
+    }
+    return static_cast<int>(choice.entries.size());
+}
+
+} // namespace quorvel::playlist

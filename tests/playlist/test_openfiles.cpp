@@ -1,0 +1,232 @@
+#include "playlist/filechooser.h"
+#include "playlist/openfiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QApplication>
+#include <gtest/gtest.h>
+
+using namespace quorvel::playlist;
+
+inline void PrintTo(const QString &text, std::ostream *os)
+{
+    *os << '"' << text.toStdString() << '"';
+}
+
+namespace {
+
+QString nul(std::initializer_list<const char *> parts)
+{
+    QStringList list;
+    for (const char *p : parts)
+        list << QString::fromUtf8(p);
+    return list.join(QChar(u'\0'));
+}
+
+// Answers with a prepared choice and remembers how it was asked.
+class ScriptedChooser final : public FileChooser {
+public:
+    QList<QStringList> answers;
+    QStringList titles;
+    QStringList folders;
+    QList<QStringList> filters;
+    QStringList chooseFiles(const QString &title, const QStringList &nameFilters, const QString &folder) override
+    {
+        titles << title;
+        folders << folder;
+        filters << nameFilters;
+        return answers.isEmpty() ? QStringList{} : answers.takeFirst();
+    }
+};
+
+struct Add {
+    QString title;
+    QString path;
+    bool fullScreen;
+    bool forcePlay;
+    bool operator==(const Add &) const = default;
+};
+
+} // namespace
+
+TEST(OpenFiles, TheTwentyFiveFilterEntriesInTableOrder)
+{
+    const QList<FileFilterEntry> entries = OpenFileFilterEntries();
+    ASSERT_EQ(entries.size(), 25);
+    EXPECT_EQ(entries.first().caption, "All Supported Formats");
+    EXPECT_EQ(entries.first().patterns.size(), 24);
+    EXPECT_EQ(entries.first().patterns.first(), "*.wav");
+    EXPECT_EQ(entries.first().patterns.last(), "*.asf");
+    EXPECT_EQ(entries.at(1), (FileFilterEntry{"WAV", {"*.wav"}}));
+    EXPECT_EQ(entries.at(2), (FileFilterEntry{"FLV", {"*.flv"}}));
+    EXPECT_EQ(entries.at(16), (FileFilterEntry{"HDMOV", {"*.hdmov"}}));
+    EXPECT_EQ(entries.last(), (FileFilterEntry{"ASF", {"*.asf"}}));
+
+    const QString text = OpenFileFilterText();
+    EXPECT_TRUE(text.startsWith("All Supported Formats|*.wav;*.flv;*.mka;")) << text.toStdString();
+    EXPECT_TRUE(text.contains("*.wma;*.wmv;*.asf|WAV|*.wav|FLV|*.flv|"));
+    EXPECT_TRUE(text.endsWith("|WMV|*.wmv|ASF|*.asf"));
+    EXPECT_EQ(text.count(u'|'), 49); // 25 captions and 25 pattern lists
+
+    const QStringList filters = OpenFileNameFilters();
+    ASSERT_EQ(filters.size(), 25);
+    EXPECT_TRUE(filters.first().startsWith("All Supported Formats (*.wav *.flv "));
+    EXPECT_TRUE(filters.first().endsWith(" *.asf)"));
+    EXPECT_EQ(filters.at(4), "MKV (*.mkv)");
+    EXPECT_EQ(OpenFileDialogTitle(), "Open Video File");
+}
+
+TEST(OpenFiles, ParseOpenFileResultCases)
+{
+    // One file: the key is the path after its first separator, so its title is the name.
+    EXPECT_EQ(ParseOpenFileResult("/Media/a.avi"), (QList<OpenFileEntry>{{"Media/a.avi", "/Media/a.avi"}}));
+    EXPECT_EQ(ParseOpenFileResult("/a b/ç.mkv"), (QList<OpenFileEntry>{{"a b/ç.mkv", "/a b/ç.mkv"}}));
+    // Several: folder + separator + each name, in the order given.
+    EXPECT_EQ(ParseOpenFileResult(nul({"/Media", "c.avi", "a.avi", "b.mkv"})),
+              (QList<OpenFileEntry>{{"c.avi", "/Media/c.avi"}, {"a.avi", "/Media/a.avi"}, {"b.mkv", "/Media/b.mkv"}}));
+    // A folder that already ends with the separator (the root) gets no second one.
+    EXPECT_EQ(ParseOpenFileResult(nul({"/", "x.wav", "y.wav"})),
+              (QList<OpenFileEntry>{{"x.wav", "/x.wav"}, {"y.wav", "/y.wav"}}));
+    // Trailing NULs are dropped; empty input gives nothing.
+    EXPECT_EQ(ParseOpenFileResult(nul({"/M", "a.mp3", "", ""})), (QList<OpenFileEntry>{{"a.mp3", "/M/a.mp3"}}));
+    EXPECT_EQ(ParseOpenFileResult(QString("/M/a.mp3") + QChar(u'\0')), (QList<OpenFileEntry>{{"M/a.mp3", "/M/a.mp3"}}));
+    EXPECT_TRUE(ParseOpenFileResult("").isEmpty());
+    EXPECT_TRUE(ParseOpenFileResult(QString(3, QChar(u'\0'))).isEmpty());
+
+    EXPECT_EQ(TrimTrailingNulls(nul({"abc", "", ""})), "abc");
+    EXPECT_EQ(TrimTrailingNulls(nul({"a", "b"})), nul({"a", "b"}));
+    EXPECT_EQ(TrimTrailingNulls(QString(2, QChar(u'\0'))), QString(2, QChar(u'\0')));
+
+    EXPECT_EQ(JoinOpenFileResult({"/Media/a.avi"}), "/Media/a.avi");
+    EXPECT_EQ(JoinOpenFileResult({"/Media/a.avi", "/Media/b.avi"}), nul({"/Media", "a.avi", "b.avi"}));
+    EXPECT_EQ(JoinOpenFileResult({"/a.avi", "/b.avi"}), nul({"/", "a.avi", "b.avi"}));
+    EXPECT_TRUE(JoinOpenFileResult({"/x/a.avi", "/y/b.avi"}).isEmpty());
+    EXPECT_EQ(FolderOfOpenFileResult("/Media/a.avi"), "/Media");
+    EXPECT_EQ(FolderOfOpenFileResult("/a.avi"), "/");
+    EXPECT_EQ(FolderOfOpenFileResult(nul({"/Media", "a.avi", "b.avi"})), "/Media");
+}
+
+TEST(OpenFiles, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)
+{
+    ScriptedChooser chooser;
+    QList<Add> adds;
+    FileOpener opener(chooser, [&](const QString &t, const QString &p, bool fs, bool play) {
+        adds.append({t, p, fs, play});
+    });
+    EXPECT_TRUE(opener.LastOpenFolder().isEmpty());
+
+    // One file, not appending: added with its name as title, and played.
+    chooser.answers << QStringList{"/Media/a.avi"};
+    EXPECT_EQ(opener.OpenFiles(false), 1);
+    EXPECT_EQ(adds, (QList<Add>{{"a.avi", "/Media/a.avi", false, true}}));
+    EXPECT_EQ(opener.LastOpenFolder(), "/Media");
+    EXPECT_EQ(chooser.folders, QStringList{""}); // the first chooser opens in the default folder
+    EXPECT_EQ(chooser.titles, QStringList{"Open Video File"});
+    EXPECT_EQ(chooser.filters.first(), OpenFileNameFilters());
+
+    // Three files, appending: added in the chooser's order, none played.
+    adds.clear();
+    chooser.answers << QStringList{"/Other/c.mkv", "/Other/a.mp3", "/Other/b.wav"};
+    EXPECT_EQ(opener.OpenFiles(true), 3);
+    EXPECT_EQ(adds, (QList<Add>{{"c.mkv", "/Other/c.mkv", false, false},
+                                {"a.mp3", "/Other/a.mp3", false, false},
+                                {"b.wav", "/Other/b.wav", false, false}}));
+    EXPECT_EQ(chooser.folders.last(), "/Media");
+    EXPECT_EQ(opener.LastOpenFolder(), "/Other");
+
+    // Several, not appending: only the first plays.
+    adds.clear();
+    chooser.answers << QStringList{"/x.avi", "/y.avi"};
+    opener.OpenFiles(false);
+    EXPECT_EQ(adds, (QList<Add>{{"x.avi", "/x.avi", false, true}, {"y.avi", "/y.avi", false, false}}));
+    EXPECT_EQ(opener.LastOpenFolder(), "/");
+
+    // Cancel: nothing added, the folder stays.
+    adds.clear();
+    EXPECT_EQ(opener.OpenFiles(false), 0);
+    EXPECT_TRUE(adds.isEmpty());
+    EXPECT_EQ(opener.LastOpenFolder(), "/");
+
+    // Files from two folders keep their own paths.
+    chooser.answers << QStringList{"/p/a.avi", "/q/b.avi"};
+    opener.OpenFiles(true);
+    EXPECT_EQ(adds, (QList<Add>{{"a.avi", "/p/a.avi", false, false}, {"b.avi", "/q/b.avi", false, false}}));
+    EXPECT_EQ(opener.LastOpenFolder(), "/p");
+}
+
+TEST(OpenFiles, AnAddThatThrowsDoesNotKeepTheOthersOut)
+{
+    ScriptedChooser chooser;
+    QStringList added;
+    FileOpener opener(chooser, [&](const QString &, const QString &p, bool, bool) {
+        if (p.endsWith("bad.avi"))
+            throw std::runtime_error("probe crashed");
+        added << p;
+    });
+    chooser.answers << QStringList{"/m/bad.avi", "/m/good.avi"};
+    EXPECT_EQ(opener.OpenFiles(false), 2);
+    EXPECT_EQ(added, QStringList{"/m/good.avi"});
+}
+
+TEST(OpenFiles, TheRealDialogOffersTheFiltersAndReturnsSeveralFilesInOrder)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    for (const char *name : {"b.mkv", "A.AVI", "c.mp3", "notes.txt"}) {
+        QFile f(dir.filePath(name));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    }
+
+    QStringList seenFilters;
+    QString seenFolder;
+    QString seenTitle;
+    QString seenSelectedFilter;
+    bool multi = false;
+    // Plays the user: once the dialog is up, types two names and accepts.
+    QTimer driver;
+    driver.setInterval(10);
+    QObject::connect(&driver, &QTimer::timeout, [&] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        driver.stop();
+        seenFilters = dialog->nameFilters();
+        seenFolder = dialog->directory().absolutePath();
+        seenTitle = dialog->windowTitle();
+        seenSelectedFilter = dialog->selectedNameFilter();
+        multi = dialog->fileMode() == QFileDialog::ExistingFiles;
+        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(edit, nullptr);
+        edit->setText(QStringLiteral("\"c.mp3\" \"A.AVI\""));
+        QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+    });
+    driver.start();
+
+    QWidget owner;
+    DialogFileChooser chooser(&owner);
+    QList<Add> adds;
+    FileOpener opener(chooser, [&](const QString &t, const QString &p, bool fs, bool play) {
+        adds.append({t, p, fs, play});
+    });
+    // Start in the temporary folder, as after an earlier choice there.
+    const QStringList chosen = chooser.chooseFiles(OpenFileDialogTitle(), OpenFileNameFilters(), dir.path());
+    const QString folder = QDir(dir.path()).canonicalPath();
+    EXPECT_EQ(chosen, (QStringList{folder + "/c.mp3", folder + "/A.AVI"}));
+    EXPECT_EQ(seenFilters, OpenFileNameFilters());
+    EXPECT_EQ(seenSelectedFilter, OpenFileNameFilters().first());
+    EXPECT_EQ(seenTitle, "Open Video File");
+    EXPECT_EQ(QDir(seenFolder).canonicalPath(), folder);
+    EXPECT_TRUE(multi);
+
+    // The whole command on the real dialog: the first file plays.
+    driver.start();
+    EXPECT_EQ(opener.OpenFiles(false), 2);
+    ASSERT_EQ(adds.size(), 2);
+    EXPECT_EQ(adds.at(0), (Add{"c.mp3", folder + "/c.mp3", false, true}));
+    EXPECT_EQ(adds.at(1), (Add{"A.AVI", folder + "/A.AVI", false, false}));
+    EXPECT_EQ(opener.LastOpenFolder(), folder);
+}
