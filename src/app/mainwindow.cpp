@@ -15,6 +15,7 @@
 #include "playback/vlcengine.h"
 #include "playlist/listwidgetthumblist.h"
 #include "playlist/playlist.h"
+#include "skin/textellipsis.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -29,7 +30,6 @@
 #include <QShortcut>
 #include <QSystemTrayIcon>
 #include <QTimer>
-#include <QVBoxLayout>
 
 namespace quorvel {
 
@@ -51,13 +51,18 @@ MainWindow::~MainWindow()
 
 void MainWindow::buildWidgets()
 {
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    // No system frame: the skin draws the title bar, borders and buttons.
+    setWindowFlag(Qt::FramelessWindowHint);
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    m_skin = std::make_unique<SkinController>(m_skinImages);
+    // The engine starts at full volume; the slider says so from the start.
+    m_skin->state().knobLeft = 51;
+    m_skin->state().volumeText = QStringLiteral("100");
 
     m_menuBar = new QMenuBar(this);
     m_menuBar->setObjectName(QStringLiteral("SmartMenuXP1"));
-    layout->addWidget(m_menuBar);
+    m_menuBar->setNativeMenuBar(false);
 
     m_splitter = new PaneSplitter(this);
     m_splitter->setObjectName(QStringLiteral("SSSplitMain"));
@@ -69,34 +74,16 @@ void MainWindow::buildWidgets()
     m_listWidget->setDragDropMode(QAbstractItemView::DropOnly);
     m_listWidget->viewport()->setAcceptDrops(true);
     m_listWidget->viewport()->installEventFilter(this);
+    m_listWidget->setStyleSheet(QStringLiteral(
+        "QListWidget { background: #1b2027; color: #e6edf3; border: none; }"
+        "QListWidget::item { padding: 4px; }"
+        "QListWidget::item:selected { background: #2f81f7; color: white; }"));
     m_splitter->setPaneContent(PaneSplitter::kCentre, m_videoFrame);
-    layout->addWidget(m_splitter, 1);
 
-    auto *status = new QHBoxLayout;
-    status->setContentsMargins(6, 3, 6, 3);
-    m_timeLabel = new QLabel(QStringLiteral("00:00:00 / 00:00:00"), this);
-    m_timeLabel->setObjectName(QStringLiteral("lblTimeElapsed"));
-    m_rateLabel = new QLabel(this);
-    m_rateLabel->setObjectName(QStringLiteral("lblRate"));
-    m_rateLabel->hide();
     m_addProgress = new QProgressBar(this);
     m_addProgress->setObjectName(QStringLiteral("addProgress"));
-    m_addProgress->setMaximumHeight(12);
     m_addProgress->setTextVisible(false);
     m_addProgress->hide();
-    status->addWidget(m_timeLabel);
-    status->addWidget(m_rateLabel);
-    status->addStretch(1);
-    status->addWidget(m_addProgress);
-    m_progress = new QProgressBar(this);
-    m_progress->setObjectName(QStringLiteral("IMGProgress"));
-    m_progress->setRange(0, 100);
-    m_progress->setValue(0);
-    m_progress->setTextVisible(false);
-    m_progress->setMaximumHeight(8);
-    layout->addWidget(m_progress);
-    layout->addLayout(status);
-    buildControls(layout);
 
     m_thumbList = std::make_unique<ListWidgetThumbList>(m_listWidget);
 
@@ -192,6 +179,8 @@ void MainWindow::onListDoubleClicked(int index)
 void MainWindow::showCaption()
 {
     setWindowTitle(m_playback.CaptionText);
+    m_captionFlags = EndEllipsis;
+    update();
 }
 
 void MainWindow::flashCaption()
@@ -211,6 +200,7 @@ void MainWindow::enterFullScreen(bool on)
         m_listWidget->setProperty("wasVisible", m_listWidget->isVisible());
         m_listWidget->hide();
         m_leaveFullScreen->setEnabled(true);
+        m_menuBar->hide();
         showFullScreen();
         // Without a window manager nobody else resizes the window.
         if (QScreen *s = screen())
@@ -218,6 +208,7 @@ void MainWindow::enterFullScreen(bool on)
         m_videoFrame->setFocus();
     } else {
         m_leaveFullScreen->setEnabled(false);
+        m_menuBar->show();
         showNormal();
         if (m_listWidget->property("wasVisible").toBool())
             m_listWidget->show();
@@ -269,28 +260,22 @@ void MainWindow::SetPlaylistPosition(int layoutCode)
     m_listWidget->raise();
 }
 
-void MainWindow::paintEvent(QPaintEvent *event)
-{
-    QWidget::paintEvent(event);
-    if (!m_painted) {
-        m_painted = true;
-        qCDebug(lcApp) << "first paint monotonic=" << MonotonicMs();
-    }
-}
-
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     if (isMinimized())
         return;
+    layoutChildren();
     if (m_playlistFill)
         m_listWidget->setGeometry(m_splitter->geometry());
     if (m_thumbList)
         SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
-    if (!m_isLoading && !isMaximized() && !m_inFullScreen) {
+    if (!m_isLoading && !m_isMaximized && !m_inFullScreen) {
         m_settings.WindowWidth = width() * kTwipsPerPixel;
         m_settings.WindowHeight = height() * kTwipsPerPixel;
     }
+    m_captionFlags = PathEllipsis;
+    update();
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

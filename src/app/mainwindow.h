@@ -12,6 +12,8 @@
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
+#include "app/windowresizer.h"
+#include "skin/skincontroller.h"
 
 #include <QHash>
 #include <QWidget>
@@ -76,6 +78,11 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
@@ -85,7 +92,13 @@ private:
     void connectParts();
     void showCaption();
     void enterFullScreen(bool on);
-    void buildControls(QBoxLayout *layout);
+    // The skin: pictures, layout of the child widgets, what the mouse does.
+    void layoutChildren();
+    void runSkinReaction(const SkinController::Reaction &reaction);
+    void runSkinCommand(SkinCommand command);
+    void ToggleMaximize();
+    void showMediaInformation();
+    void setVolume(int volume);
     void onListClicked(int index);
 
     // What the transport shows through the window.
@@ -100,7 +113,7 @@ private:
     void flashCaption();
 
     // Start-up steps provided by subsystems that grow around the window.
-    void LoadSkinImages() {}
+    void LoadSkinImages();
     void BuildMenu();
     void onMenuItemClick(int position);
     void followMediaControl(MediaAction action);
@@ -132,17 +145,21 @@ private:
     PaneSplitter *m_splitter = nullptr;
     VideoFrame *m_videoFrame = nullptr;
     QListWidget *m_listWidget = nullptr;
-    QLabel *m_timeLabel = nullptr;
-    QLabel *m_rateLabel = nullptr;
     QProgressBar *m_addProgress = nullptr;
-    QProgressBar *m_progress = nullptr;
-    QHash<QString, QToolButton *> m_buttons;
     QMenuBar *m_menuBar = nullptr;
     MenuBarView *m_menuView = nullptr;
     QSystemTrayIcon *m_tray = nullptr;
     QShortcut *m_leaveFullScreen = nullptr;
 
     MenuModel m_menu;
+    SkinImages m_skinImages;
+    std::unique_ptr<SkinController> m_skin;
+    WindowResizer m_resizer;
+    bool m_isMaximized = false;
+    QRect m_restoreGeometry;
+    QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
+    bool m_dragging = false;
+    int m_captionFlags = 16384; // path ellipsis
 
     MessageBoxNotifier m_notifier;
     std::unique_ptr<RunningMarker> m_marker;

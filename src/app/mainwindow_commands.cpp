@@ -14,7 +14,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSystemTrayIcon>
-#include <QToolButton>
 
 namespace quorvel {
 
@@ -36,19 +35,15 @@ void MainWindow::followMediaControl(MediaAction action)
 {
     for (const QString &key : kMediaItems)
         m_menu.setEnabled(key, action != MediaAction::Stopped);
-    // The buttons follow the state: seeking ones only while playing, play
-    // while halted, pause while playing, stop unless stopped.
+    // The skin buttons follow the state: the seeking ones only while
+    // playing, play while halted, pause while playing, stop unless stopped.
     const bool playing = action == MediaAction::Playing;
-    for (const char *name : {"Previous", "Rewind", "Next", "ff", "FullScreen"}) {
-        if (auto *b = m_buttons.value(QLatin1String(name)))
-            b->setEnabled(playing);
-    }
-    if (auto *b = m_buttons.value(QStringLiteral("Play")))
-        b->setEnabled(!playing);
-    if (auto *b = m_buttons.value(QStringLiteral("Pause")))
-        b->setEnabled(playing);
-    if (auto *b = m_buttons.value(QStringLiteral("Stop")))
-        b->setEnabled(action != MediaAction::Stopped);
+    SkinButtons &b = m_skin->buttons();
+    for (int index : {BtnPrevious, BtnRewind, BtnNext, BtnFF, BtnSnapShoot, BtnFullScreen})
+        b.setEnabled(index, playing);
+    b.setEnabled(BtnPlay, !playing);
+    b.setEnabled(BtnPause, playing);
+    b.setEnabled(BtnStop, action != MediaAction::Stopped);
     update();
 }
 

@@ -1,6 +1,13 @@
 #include "geometry.h"
 
+#include <cmath>
+
 namespace quorvel {
+
+int RoundHalfEven(double value)
+{
+    return static_cast<int>(std::nearbyint(value)); // the default rounding mode: to nearest, ties to even
+}
 
 double FitScale(double srcW, double srcH, double dstW, double dstH)
 {

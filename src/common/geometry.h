@@ -8,6 +8,9 @@
 
 namespace quorvel {
 
+// Rounds to the nearest whole number, halves to the even one.
+int RoundHalfEven(double value);
+
 // The factor that fits a source size into a box keeping its aspect; 1 when
 // the source has no size.
 double FitScale(double srcW, double srcH, double dstW, double dstH);

@@ -6,11 +6,6 @@
 
 namespace quorvel {
 
-int RoundHalfEven(double value)
-{
-    return static_cast<int>(std::nearbyint(value)); // the default rounding mode is to nearest, ties to even
-}
-
 PlaySequence::PlaySequence(Random random) : m_random(std::move(random))
 {
     if (!m_random) {

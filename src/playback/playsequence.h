@@ -4,6 +4,8 @@
 // The automatic advance at the end of an item follows the order; the next
 // and previous commands use the cursor position itself as the index.
 
+#include "common/geometry.h"
+
 #include <QStringList>
 #include <functional>
 
@@ -11,9 +13,6 @@ namespace quorvel {
 
 enum PlayMode { PlayNormal = 0, PlayContinuous = 1, PlayShuffle = 2 };
 enum RepeatMode { RepeatNoRepeat = 0, RepeatSingleItem = 1, RepeatAllItems = 2 };
-
-// Rounds to the nearest whole number, halves to the even one.
-int RoundHalfEven(double value);
 
 class PlaySequence {
 public:

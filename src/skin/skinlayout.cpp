@@ -5,12 +5,6 @@
 
 namespace quorvel {
 
-int RoundHalfEven(double v)
-{
-    // nearbyint follows the default rounding mode: to nearest, ties to even
-    return int(std::nearbyint(v));
-}
-
 std::optional<PlaylistPanes> PlaylistPanesFor(int code, QSizeF splitter)
 {
     if (code < 0 || code > 5)

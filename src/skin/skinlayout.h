@@ -22,8 +22,6 @@ enum SkinButtonIndex : int {
 inline constexpr int kSkinButtonSlots = 24;
 using SkinRects = std::array<HitRect, kSkinButtonSlots>;
 
-// Rounds to the nearest integer, halves to even, as the layout formulas ask.
-int RoundHalfEven(double v);
 
 // Side pane sizes of the splitter for one playlist layout code.
 struct PlaylistPanes {

@@ -1,0 +1,257 @@
+// The skinned surface of the main window: painting from the skin pictures,
+// placing the child widgets in the skin's bands, and turning mouse events on
+// the surface into button looks, commands, window moves and resizes.
+
+#include "mainwindow.h"
+
+#include "app/panesplitter.h"
+#include "app/videoframe.h"
+#include "common/logging.h"
+#include "playback/player.h"
+#include "playback/vlcengine.h"
+#include "playlist/playlist.h"
+#include "menus/menubarview.h"
+#include "skin/textellipsis.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QProgressBar>
+#include <QScreen>
+#include <QWindow>
+
+namespace quorvel {
+
+void MainWindow::LoadSkinImages()
+{
+    const int loaded = m_skinImages.LoadSkinImages(ProgramFolder());
+    m_skinImages.LoadProgressBack(ProgramFolder());
+    if (!m_skinImages.isComplete())
+        qCWarning(lcSkin) << "skin incomplete:" << loaded << "pictures loaded from" << ProgramFolder();
+    const QImage &icon = m_skinImages.single(SkinSingle::WindowIcon);
+    if (!icon.isNull())
+        setWindowIcon(QIcon(QPixmap::fromImage(icon)));
+    // The menu bar lies on the skin's menu strip.
+    m_menuBar->setStyleSheet(QStringLiteral(
+        "QMenuBar { background: transparent; color: #F2FFFF; }"
+        "QMenuBar::item { background: transparent; padding: 3px 7px; }"
+        "QMenuBar::item:selected { background: rgba(255,255,255,40); border-radius: 3px; }"));
+}
+
+void MainWindow::layoutChildren()
+{
+    if (m_inFullScreen) {
+        m_splitter->setGeometry(rect());
+        return;
+    }
+    const SkinLayout l = SkinLayout::Compute(size());
+    m_menuBar->setGeometry(l.menuStrip.adjusted(0, 0, -15, 0));
+    m_splitter->setGeometry(l.videoArea);
+    // Adding several files shows its progress on the title bar.
+    m_addProgress->setGeometry(width() - 176, 12, 90, 8);
+}
+
+void MainWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (m_inFullScreen) {
+        painter.fillRect(rect(), Qt::black);
+        return;
+    }
+    SkinPaintState &s = m_skin->state();
+    s.size = size();
+    const SkinLayout l = SkinLayout::Compute(size());
+    s.captionText = FitTextEllipsis(QFontMetrics(SkinPainter::captionFont()), m_playback.CaptionText,
+                                    l.caption.width(), m_captionFlags);
+    s.isMuted = m_playback.IsMuted;
+    m_skin->paint(painter);
+    if (!m_painted) {
+        m_painted = true;
+        qCDebug(lcApp) << "first paint monotonic=" << MonotonicMs();
+    }
+}
+
+void MainWindow::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPoint pos = event->position().toPoint();
+    if (m_dragging) {
+        move(event->globalPosition().toPoint() - m_dragFrom);
+        return;
+    }
+    m_skin->setMediaLoaded(m_playback.MediaLoaded);
+    runSkinReaction(m_skin->mouseMove(pos, event->buttons()));
+    if (m_isMaximized || m_inFullScreen)
+        return;
+    const QSize outer(width() * kTwipsPerPixel, height() * kTwipsPerPixel);
+    const WindowResizer::Move m = m_resizer.move(pos.x(), pos.y(), outer);
+    setCursor(m.cursor);
+    if (m.outerTwips != outer)
+        resize(m.outerTwips.width() / kTwipsPerPixel, m.outerTwips.height() / kTwipsPerPixel);
+}
+
+void MainWindow::mousePressEvent(QMouseEvent *event)
+{
+    const QPoint pos = event->position().toPoint();
+    m_skin->setMediaLoaded(m_playback.MediaLoaded);
+    const SkinController::Reaction r = m_skin->mousePress(pos, event->button());
+    if (!m_isMaximized && !m_inFullScreen)
+        m_resizer.press(pos.x(), pos.y(), QSize(width() * kTwipsPerPixel, height() * kTwipsPerPixel));
+    if (r.has(SkinCommand::DragWindow) && !m_resizer.isResizing()) {
+        // The window system moves the window when it can; without one the
+        // window follows the pointer itself.
+        if (!(windowHandle() && windowHandle()->startSystemMove())) {
+            m_dragging = true;
+            m_dragFrom = event->globalPosition().toPoint() - frameGeometry().topLeft();
+        }
+    }
+    SkinController::Reaction rest = r;
+    std::erase(rest.commands, SkinCommand::DragWindow);
+    runSkinReaction(rest);
+}
+
+void MainWindow::mouseReleaseEvent(QMouseEvent *event)
+{
+    m_resizer.release();
+    m_dragging = false;
+    runSkinReaction(m_skin->mouseRelease(event->position().toPoint()));
+}
+
+void MainWindow::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    runSkinReaction(m_skin->doubleClick(event->position().toPoint()));
+}
+
+void MainWindow::leaveEvent(QEvent *event)
+{
+    QWidget::leaveEvent(event);
+    // No button stays lit once the pointer has left the window.
+    runSkinReaction(m_skin->mouseMove(QPoint(-1, -1), Qt::NoButton));
+}
+
+void MainWindow::runSkinReaction(const SkinController::Reaction &r)
+{
+    if (r.seekTo && m_playback.MediaLoaded)
+        m_engine->setPosition(*r.seekTo);
+    if (r.volume)
+        setVolume(*r.volume);
+    for (SkinCommand c : r.commands)
+        runSkinCommand(c);
+    if (r.repaint || r.seekTo || r.volume)
+        update();
+}
+
+void MainWindow::setVolume(int volume)
+{
+    m_engine->setVolume(volume);
+    m_skin->state().volumeText = QString::number(volume);
+    qCDebug(lcPlayback) << "volume" << volume;
+}
+
+void MainWindow::runSkinCommand(SkinCommand c)
+{
+    Transport &t = *m_transport;
+    switch (c) {
+    case SkinCommand::Close:
+        close();
+        break;
+    case SkinCommand::ToggleMaximize:
+        ToggleMaximize();
+        break;
+    case SkinCommand::Minimize:
+        showMinimized();
+        break;
+    case SkinCommand::MaximizeOrRestore:
+        if (isMaximized())
+            showNormal();
+        else
+            showMaximized();
+        break;
+    case SkinCommand::Play:
+        t.CMDPlayClick();
+        break;
+    case SkinCommand::Pause:
+        t.CMDPauseClick();
+        break;
+    case SkinCommand::Stop:
+        t.cmdStopClick();
+        break;
+    case SkinCommand::Previous:
+        t.cmdPreviousClick();
+        break;
+    case SkinCommand::Next:
+        t.cmdNextClick();
+        break;
+    case SkinCommand::StartRewind:
+        t.StartRewind();
+        break;
+    case SkinCommand::StopRewind:
+        t.StopRewind();
+        break;
+    case SkinCommand::FastForwardDown:
+        t.cmdffMouseDown();
+        break;
+    case SkinCommand::FastForwardUp:
+        t.cmdffMouseUp();
+        break;
+    case SkinCommand::MediaInfo:
+        showMediaInformation();
+        break;
+    case SkinCommand::FullScreen:
+        t.cmdFulScreenClick();
+        break;
+    case SkinCommand::PlayList:
+        t.cmdPlayListClick();
+        break;
+    case SkinCommand::Dvd:
+        if (QMenu *dvd = m_menuView ? m_menuView->menuFor(QStringLiteral("OpenDVD")) : nullptr)
+            dvd->popup(mapToGlobal(QPoint(55, height() - 44)));
+        break;
+    case SkinCommand::Open:
+        openFiles(false);
+        break;
+    case SkinCommand::Mute:
+        t.cmdMuteClick();
+        break;
+    case SkinCommand::DragWindow:
+    case SkinCommand::None:
+        break;
+    }
+    qCDebug(lcSkin) << "command" << int(c);
+}
+
+void MainWindow::ToggleMaximize()
+{
+    if (!m_isMaximized) {
+        m_isMaximized = true;
+        m_settings.WindowLeft = x() * kTwipsPerPixel;
+        m_settings.WindowTop = y() * kTwipsPerPixel;
+        m_restoreGeometry = geometry();
+        m_skin->buttons().setState(BtnMinimize, StateDisabled);
+        showMaximized();
+        // Without a window manager the window takes the screen itself.
+        if (QScreen *s = screen())
+            setGeometry(s->availableGeometry());
+    } else {
+        m_isMaximized = false;
+        m_skin->buttons().setState(BtnMinimize, StateNormal);
+        showNormal();
+        if (m_restoreGeometry.isValid())
+            setGeometry(m_restoreGeometry);
+    }
+    update();
+}
+
+void MainWindow::showMediaInformation()
+{
+    const int k = m_playlist->list().selectedItem();
+    QMessageBox box(QMessageBox::NoIcon, QCoreApplication::applicationName(), m_playlist->mediaInfo(k),
+                    QMessageBox::Ok, this);
+    box.exec();
+}
+
+} // namespace quorvel
