@@ -112,7 +112,7 @@ TEST(Speed, FastForwardKeepsRate)
     EXPECT_FALSE(FastForwardRate(false, false).has_value());
 }
 
-TEST(Transport, PauseAndPlayTables)
+TEST(TransportTables, PauseAndPlayTables)
 {
     // Pause: playing -> paused; paused or stopped -> playing; ended -> nothing.
     EXPECT_EQ(DecidePause(true, false), PauseDecision::TogglePauseThenPaused);

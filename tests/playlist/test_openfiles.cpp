@@ -53,7 +53,7 @@ struct Add {
 
 } // namespace
 
-TEST(OpenFiles, TheTwentyFiveFilterEntriesInTableOrder)
+TEST(FileOpener, TheTwentyFiveFilterEntriesInTableOrder)
 {
     const QList<FileFilterEntry> entries = OpenFileFilterEntries();
     ASSERT_EQ(entries.size(), 25);
@@ -80,7 +80,7 @@ TEST(OpenFiles, TheTwentyFiveFilterEntriesInTableOrder)
     EXPECT_EQ(OpenFileDialogTitle(), "Open Video File");
 }
 
-TEST(OpenFiles, ParseOpenFileResultCases)
+TEST(FileOpener, ParseOpenFileResultCases)
 {
     // One file: the key is the path after its first separator, so its title is the name.
     EXPECT_EQ(ParseOpenFileResult("/Media/a.avi"), (QList<OpenFileEntry>{{"Media/a.avi", "/Media/a.avi"}}));
@@ -110,7 +110,7 @@ TEST(OpenFiles, ParseOpenFileResultCases)
     EXPECT_EQ(FolderOfOpenFileResult(nul({"/Media", "a.avi", "b.avi"})), "/Media");
 }
 
-TEST(OpenFiles, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)
+TEST(FileOpener, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)
 {
     ScriptedChooser chooser;
     QList<Add> adds;
@@ -158,7 +158,7 @@ TEST(OpenFiles, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)
     EXPECT_EQ(opener.LastOpenFolder(), "/p");
 }
 
-TEST(OpenFiles, AnAddThatThrowsDoesNotKeepTheOthersOut)
+TEST(FileOpener, AnAddThatThrowsDoesNotKeepTheOthersOut)
 {
     ScriptedChooser chooser;
     QStringList added;
@@ -172,7 +172,7 @@ TEST(OpenFiles, AnAddThatThrowsDoesNotKeepTheOthersOut)
     EXPECT_EQ(added, QStringList{"/m/good.avi"});
 }
 
-TEST(OpenFiles, TheRealDialogOffersTheFiltersAndReturnsSeveralFilesInOrder)
+TEST(FileOpener, TheRealDialogOffersTheFiltersAndReturnsSeveralFilesInOrder)
 {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
