@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTextOption>
 #include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
@@ -106,7 +107,9 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
         painter.setPen(selected ? colours.highlightText : colours.text);
         // Plain text: an ampersand is shown as itself. Long titles wrap
         // inside the row instead of running under the scroll bar.
-        painter.drawText(text, Qt::AlignLeft | Qt::AlignTop | Qt::TextWrapAnywhere, item.text);
+        QTextOption option(Qt::AlignLeft | Qt::AlignTop);
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        painter.drawText(QRectF(text), item.text, option);
         painter.restore();
     }
     return rows.count();
@@ -114,9 +117,11 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
 
 FancyList::FancyList(QWidget *parent) : QWidget(parent)
 {
-    m_font = font();
-    m_font.setPointSize(kDesignPointSize);
-    m_font.setPixelSize(kDesignPointSize);
+    QFont design = font();
+    design.setPointSize(kDesignPointSize);
+    setFont(design);
+    m_font = design;
+    m_font.setPixelSize(qRound(design.pointSizeF()));
     m_font.setWeight(QFont::Normal);
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);

@@ -1,0 +1,174 @@
+// The window-free rules of the thumbnail list: selection after removals,
+// scroll range, hit test at row borders, row rectangles and stored pictures.
+#include "playlist/fancylistmodel.h"
+
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+
+FancyListModel ModelWith(int rows, int itemHeight = 80)
+{
+    FancyListModel m;
+    m.setItemHeight(itemHeight);
+    m.setImageWidth(64);
+    m.setImageHeight(64);
+    for (int i = 0; i < rows; ++i)
+        m.AddItem(QStringLiteral("item %1").arg(i));
+    return m;
+}
+
+} // namespace
+
+TEST(FancyListModel, SelectionFollowsAddRemoveAndClear)
+{
+    FancyListModel m = ModelWith(3);
+    EXPECT_EQ(m.SelectedItem(), -1);
+    EXPECT_EQ(m.SelectedText(), QString());
+
+    // Out-of-range writes are ignored, adding leaves the selection alone.
+    EXPECT_FALSE(m.setSelectedItem(-1));
+    EXPECT_FALSE(m.setSelectedItem(3));
+    EXPECT_EQ(m.SelectedItem(), -1);
+    EXPECT_TRUE(m.setSelectedItem(1));
+    m.AddItem(QStringLiteral("late"));
+    EXPECT_EQ(m.SelectedItem(), 1);
+    EXPECT_EQ(m.SelectedText(), QStringLiteral("item 1"));
+    EXPECT_FALSE(m.setSelectedItem(-1));
+    EXPECT_EQ(m.SelectedItem(), 1);
+
+    // Removing a row before the selection: selection moves to the removed index.
+    m.RemoveItem(0);
+    EXPECT_EQ(m.Count(), 3);
+    EXPECT_EQ(m.SelectedItem(), 0);
+    EXPECT_EQ(m.SelectedText(), QStringLiteral("item 1"));
+
+    // Removing the selected row selects the one that moved up.
+    m.setSelectedItem(1);
+    m.RemoveItem(1);
+    EXPECT_EQ(m.SelectedItem(), 1);
+    EXPECT_EQ(m.SelectedText(), QStringLiteral("late"));
+
+    // Removing the selected last row leaves the old index, now past the end.
+    m.RemoveItem(1);
+    EXPECT_EQ(m.Count(), 1);
+    EXPECT_EQ(m.SelectedItem(), 1);
+    EXPECT_EQ(m.SelectedText(), QString());
+
+    // Out-of-range removals change nothing.
+    m.RemoveItem(1);
+    m.RemoveItem(-1);
+    EXPECT_EQ(m.Count(), 1);
+    EXPECT_EQ(m.SelectedItem(), 1);
+
+    // Removing the only row keeps the selection as it was.
+    m.setSelectedItem(0);
+    m.RemoveItem(0);
+    EXPECT_EQ(m.Count(), 0);
+    EXPECT_EQ(m.SelectedItem(), 0);
+    EXPECT_EQ(m.SelectedText(), QString());
+
+    m = ModelWith(4);
+    m.setSelectedItem(2);
+    m.Clear();
+    EXPECT_EQ(m.Count(), 0);
+    EXPECT_EQ(m.SelectedItem(), -1);
+}
+
+TEST(FancyListModel, ScrollRangeAndScrollBarRule)
+{
+    // Ten 80-pixel rows in a 400-pixel surface overflow by 400.
+    FancyListModel ten = ModelWith(10);
+    EXPECT_EQ(ten.scrollMax(400), 400);
+    EXPECT_TRUE(ten.scrollBarVisible(400));
+    // Five rows fit exactly: no bar, nothing to scroll.
+    FancyListModel five = ModelWith(5);
+    EXPECT_EQ(five.scrollMax(400), 0);
+    EXPECT_FALSE(five.scrollBarVisible(400));
+    // One pixel too short shows the bar with a one-pixel range.
+    EXPECT_EQ(five.scrollMax(399), 1);
+    EXPECT_TRUE(five.scrollBarVisible(399));
+    EXPECT_EQ(ModelWith(0).scrollMax(10), 0);
+    EXPECT_FALSE(ModelWith(0).scrollBarVisible(0));
+}
+
+TEST(FancyListModel, HitTestAtRowBorders)
+{
+    FancyListModel m = ModelWith(3);
+    EXPECT_EQ(m.hitTest(0, 0), 0);
+    EXPECT_EQ(m.hitTest(79, 0), 0);
+    EXPECT_EQ(m.hitTest(80, 0), 1);
+    EXPECT_EQ(m.hitTest(239, 0), 2);
+    EXPECT_EQ(m.hitTest(240, 0), -1); // below the last row
+    // Scrolled by 50: y 29 is pixel 79 of the list, y 30 pixel 80.
+    EXPECT_EQ(m.hitTest(29, 50), 0);
+    EXPECT_EQ(m.hitTest(30, 50), 1);
+    EXPECT_EQ(m.hitTest(189, 50), 2);
+    EXPECT_EQ(m.hitTest(190, 50), -1);
+
+    // A click below the rows clears the selection; a click on a row sets it.
+    m.setSelectedItem(1);
+    EXPECT_EQ(m.clickAt(500, 0), -1);
+    EXPECT_EQ(m.SelectedItem(), -1);
+    EXPECT_EQ(m.clickAt(100, 0), 1);
+    EXPECT_EQ(m.SelectedText(), QStringLiteral("item 1"));
+}
+
+TEST(FancyListModel, VisibleRowsAndRowRectangles)
+{
+    FancyListModel m = ModelWith(100);
+    // At scroll 0 a 400-pixel surface reaches rows 0..6 (one spare below).
+    FancyListRows r = m.visibleRows(0, 400);
+    EXPECT_EQ(r.first, 0);
+    EXPECT_EQ(r.last, 6);
+    r = m.visibleRows(4000, 400);
+    EXPECT_EQ(r.first, 50);
+    EXPECT_EQ(r.last, 56);
+    // Near the end the last row limits the range.
+    r = m.visibleRows(7600, 400);
+    EXPECT_EQ(r.first, 95);
+    EXPECT_EQ(r.last, 99);
+    EXPECT_EQ(ModelWith(0).visibleRows(0, 400).count(), 0);
+
+    // Row 0 with padding 8: picture box (8, 8, 64, 64), text from (80, 8).
+    m.setPadding(8);
+    EXPECT_EQ(m.thumbRect(0, 0), QRect(8, 8, 64, 64));
+    const QRect text = m.textRect(0, 0, 300);
+    EXPECT_EQ(text.topLeft(), QPoint(80, 8));
+    EXPECT_EQ(text.right() + 1, 300 - 8);
+    EXPECT_EQ(text.bottom() + 1, 80);
+    EXPECT_EQ(m.textRect(2, 30, 300).top(), 160 - 30 + 8);
+    m.setThumbnails(false);
+    EXPECT_EQ(m.textRect(0, 0, 300).left(), 8);
+}
+
+TEST(FancyListModel, ScrollToShowKeepsRowWhole)
+{
+    FancyListModel m = ModelWith(10);
+    EXPECT_EQ(m.scrollToShow(0, 0, 400), 0);
+    EXPECT_EQ(m.scrollToShow(5, 0, 400), 80);    // row 5 ends at 480
+    EXPECT_EQ(m.scrollToShow(9, 0, 400), 400);   // last row at the bottom
+    EXPECT_EQ(m.scrollToShow(2, 300, 400), 160); // above: row goes to the top
+    EXPECT_EQ(m.scrollToShow(4, 100, 400), 100); // already whole: unchanged
+}
+
+TEST(FancyListModel, PicturesAreStoredFittedToTheBox)
+{
+    FancyListModel m = ModelWith(0);
+    QImage frame(1920, 1080, QImage::Format_RGB32);
+    frame.fill(Qt::red);
+    m.AddItem(QStringLiteral("wide"), frame);
+    EXPECT_EQ(m.item(0).image.size(), QSize(64, 36));
+    QImage tall(240, 320, QImage::Format_RGB32);
+    tall.fill(Qt::blue);
+    m.AddItem(QStringLiteral("tall"), tall);
+    EXPECT_EQ(m.item(1).image.size(), QSize(48, 64));
+    // Small pictures are kept as they are (the painter enlarges them).
+    QImage small(16, 16, QImage::Format_RGB32);
+    small.fill(Qt::green);
+    m.AddItem(QStringLiteral("small"), small);
+    EXPECT_EQ(m.item(2).image.size(), QSize(16, 16));
+    m.AddItem(QStringLiteral("none"));
+    EXPECT_TRUE(m.item(3).image.isNull());
+}
