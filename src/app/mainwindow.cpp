@@ -7,13 +7,14 @@
 #include "common/logging.h"
 #include "common/paths.h"
 #include "media/mediaprobe.h"
+#include "menus/menubarview.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
 #include "playback/powercontrol.h"
 #include "playback/transport.h"
 #include "playlist/opendialog.h"
 #include "playback/vlcengine.h"
-#include "playlist/listwidgetthumblist.h"
+#include "playlist/fancylistthumblist.h"
 #include "playlist/playlist.h"
 #include "skin/textellipsis.h"
 
@@ -23,7 +24,8 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QListWidget>
+#include "playlist/fancylist.h"
+#include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QScreen>
@@ -67,17 +69,17 @@ void MainWindow::buildWidgets()
     m_splitter = new PaneSplitter(this);
     m_splitter->setObjectName(QStringLiteral("SSSplitMain"));
     m_videoFrame = new VideoFrame(this);
-    m_listWidget = new QListWidget(this);
+    m_listWidget = new FancyList(this);
     m_listWidget->setObjectName(QStringLiteral("FancyList1"));
-    m_listWidget->setIconSize(QSize(64, 64));
-    m_listWidget->setAcceptDrops(true);
-    m_listWidget->setDragDropMode(QAbstractItemView::DropOnly);
-    m_listWidget->viewport()->setAcceptDrops(true);
-    m_listWidget->viewport()->installEventFilter(this);
-    m_listWidget->setStyleSheet(QStringLiteral(
-        "QListWidget { background: #1b2027; color: #e6edf3; border: none; }"
-        "QListWidget::item { padding: 4px; }"
-        "QListWidget::item:selected { background: #2f81f7; color: white; }"));
+    QPalette listColours = m_listWidget->palette();
+    listColours.setColor(QPalette::Window, QColor(0x1b, 0x20, 0x27));
+    listColours.setColor(QPalette::Base, QColor(0x1b, 0x20, 0x27));
+    listColours.setColor(QPalette::Text, QColor(0xe6, 0xed, 0xf3));
+    listColours.setColor(QPalette::WindowText, QColor(0xe6, 0xed, 0xf3));
+    listColours.setColor(QPalette::Mid, QColor(0x2d, 0x33, 0x3b));
+    listColours.setColor(QPalette::Highlight, QColor(0x2f, 0x81, 0xf7));
+    listColours.setColor(QPalette::HighlightedText, Qt::white);
+    m_listWidget->setPalette(listColours);
     m_splitter->setPaneContent(PaneSplitter::kCentre, m_videoFrame);
 
     m_addProgress = new QProgressBar(this);
@@ -85,7 +87,7 @@ void MainWindow::buildWidgets()
     m_addProgress->setTextVisible(false);
     m_addProgress->hide();
 
-    m_thumbList = std::make_unique<ListWidgetThumbList>(m_listWidget);
+    m_thumbList = std::make_unique<FancyListThumbList>(m_listWidget);
 
     m_signals = std::make_unique<UnixSignalWatcher>();
     connect(m_signals.get(), &UnixSignalWatcher::terminationRequested, this, &QWidget::close);
@@ -110,15 +112,16 @@ void MainWindow::connectParts()
         m_addProgress->setValue(done);
     });
 
-    connect(m_listWidget, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) {
-        const int row = m_listWidget->row(item);
-        m_thumbList->noteUserSelection(row);
-        onListClicked(row);
+    connect(m_listWidget, &FancyList::Click, this, [this] { onListClicked(m_listWidget->SelectedItem()); });
+    connect(m_listWidget, &FancyList::DblClick, this, [this] { onListDoubleClicked(m_listWidget->SelectedItem()); });
+    connect(m_listWidget, &FancyList::OLEDragDrop, this, [this](const QStringList &files) {
+        m_playlist->addFiles(SupportedPaths(files), false);
     });
-    connect(m_listWidget, &QListWidget::itemActivated, this, [this](QListWidgetItem *item) {
-        const int row = m_listWidget->row(item);
-        m_thumbList->noteUserSelection(row);
-        onListDoubleClicked(row);
+    connect(m_listWidget, &FancyList::MouseDown, this, [this](Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
+        if (button != Qt::RightButton || !m_menuView)
+            return;
+        if (QMenu *menu = m_menuView->menuFor(QStringLiteral("PlayList")))
+            menu->popup(m_listWidget->mapToGlobal(QPoint(x, y)));
     });
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
             [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
@@ -130,34 +133,6 @@ void MainWindow::connectParts()
     m_leaveFullScreen->setContext(Qt::ApplicationShortcut);
     m_leaveFullScreen->setEnabled(false);
     connect(m_leaveFullScreen, &QShortcut::activated, this, [this] { enterFullScreen(false); });
-}
-
-bool MainWindow::eventFilter(QObject *watched, QEvent *event)
-{
-    // Files dropped on the list are added without playing.
-    if (watched == m_listWidget->viewport()) {
-        switch (event->type()) {
-        case QEvent::DragEnter:
-        case QEvent::DragMove: {
-            auto *drag = static_cast<QDragMoveEvent *>(event);
-            if (!SupportedPaths(DroppedPaths(drag->mimeData())).isEmpty())
-                drag->acceptProposedAction();
-            else
-                drag->ignore();
-            return true;
-        }
-        case QEvent::Drop: {
-            auto *drop = static_cast<QDropEvent *>(event);
-            drop->acceptProposedAction();
-            if (m_playlist)
-                m_playlist->addFiles(SupportedPaths(DroppedPaths(drop->mimeData())), false);
-            return true;
-        }
-        default:
-            break;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 void MainWindow::onListClicked(int index)

@@ -25,14 +25,14 @@ class QLabel;
 class QMenuBar;
 class QShortcut;
 class QSystemTrayIcon;
-class QListWidget;
 class QProgressBar;
 class QTimer;
 
 namespace quorvel {
 
 class DialogFileChooser;
-class ListWidgetThumbList;
+class FancyList;
+class FancyListThumbList;
 class OpenFilesCommand;
 class PowerControl;
 class Transport;
@@ -75,7 +75,6 @@ public:
     bool isLoading() const { return m_isLoading; }
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -144,7 +143,7 @@ private:
     // Widgets (owned by the window through Qt parenting).
     PaneSplitter *m_splitter = nullptr;
     VideoFrame *m_videoFrame = nullptr;
-    QListWidget *m_listWidget = nullptr;
+    FancyList *m_listWidget = nullptr;
     QProgressBar *m_addProgress = nullptr;
     QMenuBar *m_menuBar = nullptr;
     MenuBarView *m_menuView = nullptr;
@@ -165,7 +164,7 @@ private:
     std::unique_ptr<RunningMarker> m_marker;
     std::unique_ptr<VlcEngine> m_engine;
     std::unique_ptr<MediaProbe> m_probe;
-    std::unique_ptr<ListWidgetThumbList> m_thumbList;
+    std::unique_ptr<FancyListThumbList> m_thumbList;
     std::unique_ptr<Playlist> m_playlist;
     std::unique_ptr<Player> m_player;
     std::unique_ptr<PowerControl> m_power;

@@ -15,7 +15,7 @@
 
 #include <QCoreApplication>
 #include <QFontMetrics>
-#include <QListWidget>
+#include "playlist/fancylist.h"
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>

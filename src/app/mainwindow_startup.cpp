@@ -16,7 +16,7 @@
 #include "playback/transport.h"
 #include "playlist/opendialog.h"
 #include "playback/vlcengine.h"
-#include "playlist/listwidgetthumblist.h"
+#include "playlist/fancylistthumblist.h"
 #include "playlist/playlist.h"
 
 #include <QApplication>

@@ -5,10 +5,10 @@
 
 #include "common/logging.h"
 #include "playback/transport.h"
-#include "playlist/listwidgetthumblist.h"
+#include "playlist/fancylistthumblist.h"
 #include "playlist/opendialog.h"
 
-#include <QListWidget>
+#include "playlist/fancylist.h"
 
 namespace quorvel {
 

@@ -9,7 +9,7 @@
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QFile>
-#include <QListWidget>
+#include "playlist/fancylist.h"
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -58,12 +58,12 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
         EXPECT_FALSE(window.menu().isEnabled(QLatin1String(key))) << key;
     EXPECT_TRUE(window.menu().isChecked(u"Donothing"_qs));
 
-    auto *list = window.findChild<QListWidget *>(u"FancyList1"_qs);
+    auto *list = window.findChild<FancyList *>(u"FancyList1"_qs);
     auto *video = window.findChild<VideoFrame *>();
     ASSERT_TRUE(list && video);
 
     // On the list: media files are added, others skipped, nothing plays.
-    drop(list->viewport(), {a, home.filePath(u"notes.txt"_qs)});
+    drop(list, {a, home.filePath(u"notes.txt"_qs)});
     window.playlist().waitForAdds();
     EXPECT_EQ(window.playlist().fullPaths(), QStringList{a});
     EXPECT_FALSE(window.playback().MediaLoaded);
