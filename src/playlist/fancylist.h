@@ -94,6 +94,9 @@ public:
     int scrollMaximum() const;
     bool isScrollBarShown() const;
     QScrollBar *scrollBar() const { return m_scrollBar; }
+    // The rows and rules, read-only, for painting elsewhere (a drag picture,
+    // the benchmark).
+    const FancyListModel &model() const { return m_model; }
 
     // Rows drawn by the last paint and the number of paints, so tests and the
     // benchmark can see that only the visible rows are drawn.

@@ -471,4 +471,15 @@ TEST(FancyList, ScreenshotOfFiveItems)
     const FancyListColours colours = FancyListColours::fromPalette(DarkPalette());
     EXPECT_EQ(shot.pixelColor(200, 155), colours.highlight);
     EXPECT_NE(shot.pixelColor(40, 40), colours.window);
+
+    // With focus the selected row carries a frame in its text colour.
+    QImage focused(f.list.size(), QImage::Format_RGB32);
+    {
+        QPainter p(&focused);
+        FancyListPaint how;
+        how.surface = f.list.size();
+        how.focusFrame = true;
+        PaintFancyList(p, f.list.model(), colours, f.list.Font(), how);
+    }
+    ASSERT_TRUE(focused.save(OutputFolder() + QStringLiteral("/fancylist-focus.png")));
 }
