@@ -2,8 +2,8 @@
 
 #include "playback/rounding.h"
 
-#include <QDateTime>
 #include <QRandomGenerator>
+#include <chrono>
 
 namespace quorvel::playback {
 
@@ -21,18 +21,7 @@ const QStringList &RepeatModeKeys()
     return keys;
 }
 
-PlayOrder::PlayOrder(Random random) : m_random(std::move(random))
-{
-    if (!m_random) {
-        m_random = [] {
-            // Seeded from the clock at each shuffle, so every shuffle of the
-            // same list gives a new order.
-            QRandomGenerator generator(static_cast<quint32>(QDateTime::currentMSecsSinceEpoch())
-                                       ^ QRandomGenerator::system()->generate());
-            return generator.generateDouble();
-        };
-    }
-}
+PlayOrder::PlayOrder(Random random) : m_random(std::move(random)) {}
 
 void PlayOrder::setPlayMode(int mode)
 {
@@ -110,9 +99,9 @@ void PlayOrder::MakeSequentialOrder(int count, int selected)
     m_cursor = selected;
 }
 
-int PlayOrder::draw(int n)
+int PlayOrder::draw(const Random &random, int n)
 {
-    double u = m_random();
+    double u = random();
     if (!(u >= 0.0) || u >= 1.0) // also catches NaN
         u = 0.0;
     return RoundHalfEven(u * (n - 1));
@@ -121,9 +110,16 @@ int PlayOrder::draw(int n)
 void PlayOrder::MakeShuffledOrder(int count, int selected)
 {
     const int n = qMax(0, count);
+    // Without an injected generator, one seeded from the clock for this
+    // shuffle, so every shuffle of the same list gives a new order.
+    const auto nanos = static_cast<quint64>(std::chrono::system_clock::now().time_since_epoch().count());
+    const quint32 seed[2] = {static_cast<quint32>(nanos), static_cast<quint32>(nanos >> 32)};
+    QRandomGenerator clockSeeded(seed, 2);
+    const Random fromClock = [&clockSeeded] { return clockSeeded.generateDouble(); };
+    const Random &random = m_random ? m_random : fromClock;
     m_entries = QStringList(n, QStringLiteral("-1"));
     for (int i = 0; i < n; ++i) {
-        int r = draw(n);
+        int r = draw(random, n);
         // Draw-and-retry ends with certainty for a uniform generator; the
         // bound only keeps a broken generator (one that repeats a value
         // forever) from hanging the window: then the first free position is
@@ -133,7 +129,7 @@ void PlayOrder::MakeShuffledOrder(int count, int selected)
                 r = static_cast<int>(m_entries.indexOf(QStringLiteral("-1")));
                 break;
             }
-            r = draw(n);
+            r = draw(random, n);
         }
         m_entries[r] = QString::number(i);
     }

@@ -42,8 +42,8 @@ const QStringList &RepeatModeKeys(); // "RMNoRepeat", "RMSingleRepeat", "RMRepea
 
 class PlayOrder {
 public:
-    // Uniform numbers in [0, 1). The default draws from a generator seeded
-    // from the clock at every shuffle; tests pass their own.
+    // Uniform numbers in [0, 1). Without one, each shuffle draws from a
+    // generator seeded from the clock; tests pass their own.
     using Random = std::function<double()>;
     explicit PlayOrder(Random random = {});
 
@@ -104,7 +104,7 @@ public:
 private:
     void setPlayMode(int mode);
     void setRepeatMode(int mode);
-    int draw(int n);
+    static int draw(const Random &random, int n);
 
     Random m_random;
     QStringList m_entries;

@@ -1,5 +1,4 @@
 #include "playback/afterplay.h"
-#include "playback/playorder.h"
 #include "playback/systempower.h"
 #include "qstringprint.h"
 #include "recordingpower.h"
@@ -70,28 +69,6 @@ TEST(AfterPlay, EachActionMakesItsOneRequest)
     bare.DoAfter(AfterExit);
     bare.DoAfterFinishPlay();
     EXPECT_EQ(power.requests.size(), 2);
-}
-
-TEST(AfterPlay, NormalModeWithShutdownChosenPowersOffOnceWhenTheItemEnds)
-{
-    // The monitor's end rules and the after-play action together: normal
-    // mode stops and runs the action; continuous with repeat all never runs out.
-    test::RecordingPower power;
-    AfterPlay after(power, {});
-    after.DoAfter(AfterShutdown);
-
-    PlayOrder order;
-    order.PBNormal(2, 0);
-    order.RepeatAll();
-    if (DecideEndOfItem(order, 1, QStringLiteral("/v/a.mkv")).action == EndOfItemDecision::StopThenAfterPlay)
-        after.DoAfterFinishPlay();
-    EXPECT_EQ(power.requests, QStringList{"powerOff"});
-
-    order.PBCont(2, 0);
-    for (int tick = 0; tick < 10; ++tick)
-        if (DecideEndOfItem(order, 1, QStringLiteral("/v/a.mkv")).action == EndOfItemDecision::StopThenAfterPlay)
-            after.DoAfterFinishPlay();
-    EXPECT_EQ(power.requests.size(), 1);
 }
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include <QRandomGenerator>
 #include <QSet>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace quorvel::playback;
@@ -72,6 +73,21 @@ TEST(PlayOrder, ShuffleIsAPermutationForManySeeds)
         EXPECT_EQ(seen.size(), n) << "seed " << seed;
         EXPECT_EQ(order.cursor(), static_cast<int>(seed % n));
     }
+}
+
+TEST(PlayOrder, TheClockSeededShuffleGivesNewPermutations)
+{
+    PlayOrder order;
+    QSet<QString> orders;
+    for (int round = 0; round < 20; ++round) {
+        order.MakeShuffledOrder(10, 0);
+        QStringList sorted = order.entries();
+        std::sort(sorted.begin(), sorted.end(), [](const QString &a, const QString &b) { return a.toInt() < b.toInt(); });
+        ASSERT_EQ(sorted, identity(10));
+        orders.insert(order.entries().join(u','));
+    }
+    // 20 shuffles of 10 entries that all came out alike would mean a fixed seed.
+    EXPECT_GT(orders.size(), 1);
 }
 
 TEST(PlayOrder, ShuffleFollowsTheDrawAndRetryRule)

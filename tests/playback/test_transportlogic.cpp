@@ -157,22 +157,6 @@ TEST_F(TransportLogicTest, RepeatAllGoesRoundAndSingleRepeatReplaysOnTheSameCont
     EXPECT_TRUE(state.MediaLoaded);
 }
 
-TEST_F(TransportLogicTest, ShufflePlaysEachEntryOnceARound)
-{
-    addEntries(5);
-    transport.PBShuffle();
-    transport.RepeatAll();
-    EXPECT_TRUE(host.checked["PMShuffle"]);
-    start(0);
-    transport.order().setCursor(-1);
-    QSet<QString> played;
-    for (int i = 0; i < 5; ++i) {
-        finishItem();
-        played.insert(host.started.last());
-    }
-    EXPECT_EQ(played.size(), 5);
-}
-
 TEST_F(TransportLogicTest, MonitorShowsLoadingProgressAndTimeWhilePlaying)
 {
     addEntries(1);
