@@ -58,8 +58,8 @@ public:
     void RepeatSingle();
     void RepeatAll();
     // Start-up: runs the setter of each stored value. A value outside 0..2 is
-    // kept as the mode but checks nothing in its group, and the order is then
-    // left empty until the next rebuild.
+    // kept as the mode (it is written back on exit) but checks nothing in its
+    // group and builds no order; the next add builds the sequential one.
     void applyStoredModes(int playMode, int repeatMode, int count, int selected);
 
     int playMode() const { return m_playMode; }
