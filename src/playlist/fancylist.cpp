@@ -257,7 +257,6 @@ void FancyList::paintEvent(QPaintEvent *)
     how.textRightInset = textRightInset();
     how.focusFrame = hasFocus();
     m_lastPaintedRows = PaintFancyList(painter, m_model, FancyListColours::fromPalette(palette()), m_font, how);
-    ++m_paintCount;
 }
 
 void FancyList::resizeEvent(QResizeEvent *)

@@ -98,10 +98,9 @@ public:
     // the benchmark).
     const FancyListModel &model() const { return m_model; }
 
-    // Rows drawn by the last paint and the number of paints, so tests and the
-    // benchmark can see that only the visible rows are drawn.
+    // Rows drawn by the last paint, so tests and the benchmark can see that
+    // only the visible rows are drawn.
     int lastPaintedRows() const { return m_lastPaintedRows; }
-    int paintCount() const { return m_paintCount; }
 
 signals:
     void Click();
@@ -142,7 +141,6 @@ private:
     bool m_refresh = true;
     bool m_leftPressed = false;
     int m_lastPaintedRows = 0;
-    int m_paintCount = 0;
 };
 
 } // namespace quorvel
