@@ -37,6 +37,13 @@ QStringList DroppedFiles(const QMimeData *data)
     return files;
 }
 
+QColor Mix(const QColor &a, const QColor &b, double t)
+{
+    return QColor::fromRgbF(float(a.redF() + (b.redF() - a.redF()) * t),
+                            float(a.greenF() + (b.greenF() - a.greenF()) * t),
+                            float(a.blueF() + (b.blueF() - a.blueF()) * t));
+}
+
 } // namespace
 
 void RenderThumb(QPainter &painter, const QImage &image, int X, int Y, int W, int H, bool noThumbBlack)
@@ -64,9 +71,15 @@ FancyListColours FancyListColours::fromPalette(const QPalette &palette)
     c.window = palette.color(QPalette::Base);
     c.text = palette.color(QPalette::Text);
     c.separator = palette.color(QPalette::Button);
-    // A separator as dark as the rows would vanish on a dark theme.
-    if (qAbs(c.separator.lightness() - c.window.lightness()) < 16)
+    const int contrast = qAbs(c.separator.lightness() - c.window.lightness());
+    if (contrast < 16) {
+        // A separator as dark as the rows would vanish on a dark theme.
         c.separator = c.window.lightness() < 128 ? c.window.lighter(170) : c.window.darker(125);
+    } else if (contrast > 64) {
+        // A light button face under dark rows would cut the list into
+        // bars; a quarter of the way towards it still reads as a line.
+        c.separator = Mix(c.window, c.separator, 0.25);
+    }
     c.highlight = palette.color(QPalette::Highlight);
     c.highlightText = palette.color(QPalette::HighlightedText);
     return c;

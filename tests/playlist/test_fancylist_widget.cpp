@@ -483,3 +483,20 @@ TEST(FancyList, ScreenshotOfFiveItems)
     }
     ASSERT_TRUE(focused.save(OutputFolder() + QStringLiteral("/fancylist-focus.png")));
 }
+
+TEST(FancyList, SeparatorStaysVisibleButQuietOnDarkPalettes)
+{
+    QPalette p = DarkPalette();
+    // Button face equal to the rows: the line is lifted so it still shows.
+    p.setColor(QPalette::Button, p.color(QPalette::Base));
+    FancyListColours c = FancyListColours::fromPalette(p);
+    EXPECT_GE(c.separator.lightness() - c.window.lightness(), 16);
+    // A light button face under dark rows: a line between the two.
+    p.setColor(QPalette::Button, QColor(0xef, 0xef, 0xef));
+    c = FancyListColours::fromPalette(p);
+    EXPECT_GT(c.separator.lightness(), c.window.lightness() + 16);
+    EXPECT_LT(c.separator.lightness(), 0x80);
+    // The highlight colours come straight from the palette.
+    EXPECT_EQ(c.highlight, p.color(QPalette::Highlight));
+    EXPECT_EQ(c.highlightText, p.color(QPalette::HighlightedText));
+}
