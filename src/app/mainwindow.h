@@ -158,6 +158,7 @@ private:
     QRect m_restoreGeometry;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;
+    QSize m_askedSize; // the size last asked for during an edge drag
     int m_captionFlags = 16384; // path ellipsis
 
     MessageBoxNotifier m_notifier;

@@ -87,11 +87,16 @@ void MainWindow::mouseMoveEvent(QMouseEvent *event)
     runSkinReaction(m_skin->mouseMove(pos, event->buttons()));
     if (m_isMaximized || m_inFullScreen)
         return;
-    const QSize outer(width() * kTwipsPerPixel, height() * kTwipsPerPixel);
+    // While a drag runs the window system may not have applied the last
+    // size yet; the drag goes on from the size asked for.
+    const QSize current = m_resizer.isResizing() && m_askedSize.isValid() ? m_askedSize : size();
+    const QSize outer(current.width() * kTwipsPerPixel, current.height() * kTwipsPerPixel);
     const WindowResizer::Move m = m_resizer.move(pos.x(), pos.y(), outer);
     setCursor(m.cursor);
-    if (m.outerTwips != outer)
-        resize(m.outerTwips.width() / kTwipsPerPixel, m.outerTwips.height() / kTwipsPerPixel);
+    if (m.outerTwips != outer) {
+        m_askedSize = QSize(m.outerTwips.width() / kTwipsPerPixel, m.outerTwips.height() / kTwipsPerPixel);
+        resize(m_askedSize);
+    }
 }
 
 void MainWindow::mousePressEvent(QMouseEvent *event)
@@ -117,6 +122,7 @@ void MainWindow::mousePressEvent(QMouseEvent *event)
 void MainWindow::mouseReleaseEvent(QMouseEvent *event)
 {
     m_resizer.release();
+    m_askedSize = QSize();
     m_dragging = false;
     runSkinReaction(m_skin->mouseRelease(event->position().toPoint()));
 }
@@ -135,8 +141,10 @@ void MainWindow::leaveEvent(QEvent *event)
 
 void MainWindow::runSkinReaction(const SkinController::Reaction &r)
 {
-    if (r.seekTo && m_playback.MediaLoaded)
+    if (r.seekTo && m_playback.MediaLoaded) {
         m_engine->setPosition(*r.seekTo);
+        qCDebug(lcPlayback) << "seek" << *r.seekTo;
+    }
     if (r.volume)
         setVolume(*r.volume);
     for (SkinCommand c : r.commands)

@@ -17,6 +17,7 @@
 #include "playlist/opendialog.h"
 #include "playback/vlcengine.h"
 #include "playlist/fancylistthumblist.h"
+#include "playlist/fancylist.h"
 #include "playlist/playlist.h"
 
 #include <QApplication>
@@ -89,6 +90,9 @@ void MainWindow::InitPlayer()
     // Default pictures shown for files without a frame of their own.
     m_tables.media.defaultVideoThumb.load(m_tables.AppPath + QStringLiteral("Video.JPG"));
     m_tables.media.defaultAudioThumb.load(m_tables.AppPath + QStringLiteral("Audio.JPG"));
+    m_listWidget->setImageHeight(64);
+    m_listWidget->setImageWidth(64);
+    m_listWidget->setItemHeight(80);
     resize(kStartWidthPx, kStartHeightPx);
     setMinimumSize(370, 370);
     m_playback.CaptionText = QStringLiteral("Quorvel");

@@ -22,6 +22,7 @@ void Player::SaveVLCOptions()
 void Player::enableMediaControl(MediaAction action)
 {
     m_state.apply(action);
+    qCDebug(lcPlayback) << "media control" << int(action);
     emit controlsChanged(action);
 }
 

@@ -119,12 +119,15 @@ TEST_F(PlayOrderTest, FullScreenIsLeftWithEscape)
         p.waitForFinished(10000);
         return QString::fromUtf8(p.readAll());
     };
+    auto waitFor = [&](bool full) {
+        for (int i = 0; i < 50 && geometry().contains(QStringLiteral("1280x1024")) != full; ++i)
+            QThread::msleep(100);
+        return geometry().contains(QStringLiteral("1280x1024")) == full;
+    };
     keys({QStringLiteral("ctrl+f")});
-    QThread::msleep(500);
-    EXPECT_TRUE(geometry().contains(QStringLiteral("1280x1024"))) << geometry().toStdString();
+    EXPECT_TRUE(waitFor(true)) << geometry().toStdString();
     const QString shot = outputDir() + QStringLiteral("/fullscreen.png");
     x().screenshot(shot);
     keys({QStringLiteral("Escape")});
-    QThread::msleep(500);
-    EXPECT_FALSE(geometry().contains(QStringLiteral("1280x1024"))) << geometry().toStdString();
+    EXPECT_TRUE(waitFor(false)) << geometry().toStdString();
 }

@@ -69,6 +69,8 @@ QuorvelProcess::QuorvelProcess(const Sandbox &sandbox, const QString &display)
     m_process->setProgram(sandbox.program());
     m_process->setProcessEnvironment(sandbox.environment(display));
     m_process->setProcessChannelMode(QProcess::MergedChannels);
+    m_logPath = m_logDir.filePath(QStringLiteral("trace.log"));
+    m_process->setStandardOutputFile(m_logPath);
 }
 
 QuorvelProcess::~QuorvelProcess()
@@ -92,8 +94,8 @@ bool QuorvelProcess::waitForStarted()
 
 QString QuorvelProcess::log()
 {
-    m_log += QString::fromUtf8(m_process->readAll());
-    return m_log;
+    QFile f(m_logPath);
+    return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
 }
 
 QRegularExpressionMatch QuorvelProcess::waitForLog(const QString &pattern, int timeoutMs)
@@ -107,7 +109,7 @@ QRegularExpressionMatch QuorvelProcess::waitForLog(const QString &pattern, int t
             return m;
         if (clock.elapsed() > timeoutMs || !isRunning())
             return re.match(log());
-        m_process->waitForReadyRead(100);
+        m_process->waitForFinished(100);
     }
 }
 

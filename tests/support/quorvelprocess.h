@@ -49,7 +49,10 @@ public:
 
 private:
     std::unique_ptr<QProcess> m_process;
-    QString m_log;
+    // The trace goes to a file: a pipe that nobody reads while the test
+    // drives the window would fill up and stall the program.
+    QTemporaryDir m_logDir;
+    QString m_logPath;
 };
 
 } // namespace quorvel::test
