@@ -30,13 +30,17 @@ class QTimer;
 
 namespace quorvel {
 
-class DialogFileChooser;
 class FancyList;
 class FancyListThumbList;
-class OpenFilesCommand;
-class PowerControl;
 class Transport;
 class MediaProbe;
+namespace playback {
+class PowerControl;
+}
+namespace playlist {
+class DialogFileChooser;
+class FileOpener;
+}
 class MenuBarView;
 class PaneSplitter;
 class Player;
@@ -168,10 +172,10 @@ private:
     std::unique_ptr<FancyListThumbList> m_thumbList;
     std::unique_ptr<Playlist> m_playlist;
     std::unique_ptr<Player> m_player;
-    std::unique_ptr<PowerControl> m_power;
+    std::unique_ptr<playback::PowerControl> m_power;
     std::unique_ptr<Transport> m_transport;
-    std::unique_ptr<DialogFileChooser> m_chooser;
-    std::unique_ptr<OpenFilesCommand> m_openFiles;
+    std::unique_ptr<playlist::DialogFileChooser> m_chooser;
+    std::unique_ptr<playlist::FileOpener> m_openFiles;
     std::unique_ptr<HandoffServer> m_handoff;
     std::unique_ptr<UnixSignalWatcher> m_signals;
 };

@@ -12,9 +12,10 @@
 #include "common/paths.h"
 #include "media/existingfileprobe.h"
 #include "playback/player.h"
-#include "playback/powercontrol.h"
+#include "playback/systempower.h"
 #include "playback/transport.h"
-#include "playlist/opendialog.h"
+#include "playlist/filechooser.h"
+#include "playlist/openfiles.h"
 #include "playback/vlcengine.h"
 #include "playlist/fancylistthumblist.h"
 #include "playlist/fancylist.h"
@@ -104,11 +105,14 @@ void MainWindow::InitPlayer()
     m_probe = std::make_unique<ExistingFileProbe>(m_tables.media.defaultVideoThumb);
     m_playlist = std::make_unique<Playlist>(*m_thumbList, *m_probe, m_notifier);
     m_player = std::make_unique<Player>(*m_engine, m_settings, m_playback, *m_playlist);
-    m_power = std::make_unique<LogindPowerControl>();
+    m_power = std::make_unique<playback::LogindPower>();
     m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, m_menu,
                                               *m_power, *this);
-    m_chooser = std::make_unique<DialogFileChooser>(this);
-    m_openFiles = std::make_unique<OpenFilesCommand>(*m_chooser, *m_playlist);
+    m_chooser = std::make_unique<playlist::DialogFileChooser>(this);
+    m_openFiles = std::make_unique<playlist::FileOpener>(
+        *m_chooser, [this](const QString &title, const QString &file, bool fullScreen, bool forcePlay) {
+            m_playlist->LoadThumb(title, file, fullScreen, forcePlay);
+        });
     connectParts();
     m_player->AddVLCPLayer();
     requestShutdownPrivilege();

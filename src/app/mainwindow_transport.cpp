@@ -6,7 +6,8 @@
 #include "common/logging.h"
 #include "playback/transport.h"
 #include "playlist/fancylistthumblist.h"
-#include "playlist/opendialog.h"
+#include "playlist/filechooser.h"
+#include "playlist/openfiles.h"
 
 #include "playlist/fancylist.h"
 

@@ -5,7 +5,7 @@
 #include "playback/engine.h"
 #include "playback/monitor.h"
 #include "playback/player.h"
-#include "playback/powercontrol.h"
+#include "playback/systempower.h"
 #include "playback/rate.h"
 #include "playlist/playlist.h"
 
@@ -22,7 +22,7 @@ const QString kResetTime = QStringLiteral("00:00:00 / 00:00:00");
 } // namespace
 
 Transport::Transport(Engine &engine, Settings &settings, PlaybackState &state, Playlist &playlist, Player &player,
-                     MenuModel &menu, PowerControl &power, TransportView &view, QObject *parent)
+                     MenuModel &menu, playback::PowerControl &power, TransportView &view, QObject *parent)
     : QObject(parent), m_engine(engine), m_settings(settings), m_state(state), m_playlist(playlist),
       m_player(player), m_menu(menu), m_power(power), m_view(view)
 {

@@ -19,7 +19,9 @@ class Engine;
 class MenuModel;
 class Player;
 class Playlist;
+namespace playback {
 class PowerControl;
+}
 
 // What the window does for the transport.
 class TransportView {
@@ -42,7 +44,7 @@ class Transport : public QObject {
     Q_OBJECT
 public:
     Transport(Engine &engine, Settings &settings, PlaybackState &state, Playlist &playlist, Player &player,
-              MenuModel &menu, PowerControl &power, TransportView &view, QObject *parent = nullptr);
+              MenuModel &menu, playback::PowerControl &power, TransportView &view, QObject *parent = nullptr);
 
     PlaySequence &sequence() { return m_sequence; }
 
@@ -102,7 +104,7 @@ private:
     Playlist &m_playlist;
     Player &m_player;
     MenuModel &m_menu;
-    PowerControl &m_power;
+    playback::PowerControl &m_power;
     TransportView &m_view;
     PlaySequence m_sequence;
     QTimer m_movieTimer;

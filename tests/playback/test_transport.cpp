@@ -1,9 +1,8 @@
 #include "media/existingfileprobe.h"
 #include "menus/menumodel.h"
 #include "playback/player.h"
-#include "playback/powercontrol.h"
+#include "playback/systempower.h"
 #include "playback/transport.h"
-#include "playlist/opendialog.h"
 #include "playlist/playlist.h"
 #include "support/fakeengine.h"
 #include "support/recordingnotifier.h"
@@ -18,7 +17,7 @@ using namespace quorvel;
 
 namespace {
 
-struct RecordingPower final : PowerControl {
+struct RecordingPower final : playback::PowerControl {
     QStringList requests;
     void reboot() override { requests << u"reboot"_qs; }
     void powerOff() override { requests << u"powerOff"_qs; }
@@ -262,53 +261,4 @@ TEST_F(TransportFixture, RewindStepsBackAThousandthPerTick)
     transport.cmdMuteClick();
     EXPECT_TRUE(state.IsMuted && engine.muted);
     EXPECT_EQ(view.repaints, 1);
-}
-
-TEST(OpenFiles, FiltersAndTheFirstFilePlaysUnlessAppending)
-{
-    const QStringList filters = OpenFileFilters();
-    ASSERT_EQ(filters.size(), 25);
-    EXPECT_TRUE(filters[0].startsWith(u"All Supported Formats (*.wav *.flv"_qs));
-    EXPECT_EQ(filters[1], u"WAV (*.wav)"_qs);
-    EXPECT_EQ(filters[24], u"ASF (*.asf)"_qs);
-
-    struct Chooser final : FileChooser {
-        QStringList answer;
-        QStringList folders;
-        QStringList chooseFiles(const QString &title, const QStringList &, const QString &folder) override
-        {
-            EXPECT_EQ(title, u"Open Video File"_qs);
-            folders << folder;
-            return answer;
-        }
-    } chooser;
-    QTemporaryDir dir;
-    QStringList files;
-    for (const char *n : {"b.mkv", "a.avi", "c.mp3"}) {
-        files << dir.filePath(QString::fromLatin1(n));
-        QFile f(files.last());
-        f.open(QIODevice::WriteOnly);
-    }
-    MemoryThumbList list;
-    ExistingFileProbe probe;
-    test::RecordingNotifier notifier;
-    Playlist playlist(list, probe, notifier);
-    QList<int> played;
-    playlist.setPlayHandler([&](int i, bool) { played << i; });
-    OpenFilesCommand open(chooser, playlist);
-
-    EXPECT_EQ(open.OpenFiles(false), 0); // cancelled
-    EXPECT_TRUE(open.lastOpenFolder().isEmpty());
-    chooser.answer = files;
-    EXPECT_EQ(open.OpenFiles(true), 3);
-    playlist.waitForAdds();
-    EXPECT_EQ(playlist.fullPaths(), files); // in the chooser's order
-    EXPECT_TRUE(played.isEmpty());
-    EXPECT_EQ(open.lastOpenFolder(), dir.path());
-    playlist.removeAll();
-    chooser.answer = {files[2]};
-    open.OpenFiles(false);
-    playlist.waitForAdds();
-    EXPECT_EQ(played, QList<int>{0});
-    EXPECT_EQ(chooser.folders, (QStringList{QString(), QString(), dir.path()}));
 }

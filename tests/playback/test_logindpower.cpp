@@ -1,7 +1,5 @@
-#include "playback/afterplay.h"
 #include "playback/systempower.h"
 #include "qstringprint.h"
-#include "recordingpower.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -11,65 +9,6 @@
 
 using namespace quorvel;
 using namespace quorvel::playback;
-
-TEST(AfterPlay, StartsAtDoNothingAndDoAfterChecksOneKey)
-{
-    test::RecordingPower power;
-    int exits = 0;
-    AfterPlay after(power, [&] { ++exits; });
-    EXPECT_EQ(after.AfterPlayAction(), AfterDoNothing);
-    EXPECT_EQ(after.checkedKey(), "Donothing");
-    EXPECT_EQ(AfterPlayKeys(),
-              (QStringList{"Donothing", "ExitQuorvel", "RestartTheComputer", "ShutdownTheComputer"}));
-
-    // Restart chosen, then "Do nothing": only "Donothing" stays checked and
-    // nothing happens at the end.
-    after.DoAfter(AfterRestart);
-    EXPECT_EQ(after.checkedKey(), "RestartTheComputer");
-    after.DoAfter(AfterDoNothing);
-    EXPECT_EQ(after.checkedKey(), "Donothing");
-    after.DoAfterFinishPlay();
-    EXPECT_TRUE(power.requests.isEmpty());
-    EXPECT_EQ(exits, 0);
-
-    // An unknown value changes no mark and does nothing when carried out.
-    after.DoAfter(AfterShutdown);
-    after.DoAfter(7);
-    EXPECT_EQ(after.AfterPlayAction(), 7);
-    EXPECT_EQ(after.checkedKey(), "ShutdownTheComputer");
-    after.DoAfterFinishPlay();
-    EXPECT_TRUE(power.requests.isEmpty());
-
-    // The classic menu sets the action without touching the keyed marks.
-    after.setAfterPlayAction(AfterExit);
-    EXPECT_EQ(after.checkedKey(), "ShutdownTheComputer");
-    after.DoAfterFinishPlay();
-    EXPECT_EQ(exits, 1);
-    EXPECT_EQ(after.AfterPlayAction(), AfterExit); // stays chosen
-}
-
-TEST(AfterPlay, EachActionMakesItsOneRequest)
-{
-    test::RecordingPower power;
-    int exits = 0;
-    AfterPlay after(power, [&] { ++exits; });
-    after.DoAfter(AfterRestart);
-    after.DoAfterFinishPlay();
-    EXPECT_EQ(power.requests, QStringList{"reboot"});
-    after.DoAfter(AfterShutdown);
-    after.DoAfterFinishPlay();
-    EXPECT_EQ(power.requests, (QStringList{"reboot", "powerOff"}));
-    after.DoAfter(AfterExit);
-    after.DoAfterFinishPlay();
-    EXPECT_EQ(exits, 1);
-    EXPECT_EQ(power.requests.size(), 2);
-
-    // Without an exit callback the exit action is simply skipped.
-    AfterPlay bare(power, {});
-    bare.DoAfter(AfterExit);
-    bare.DoAfterFinishPlay();
-    EXPECT_EQ(power.requests.size(), 2);
-}
 
 namespace {
 
@@ -188,4 +127,4 @@ TEST(LogindPower, NoLoginManagerOrNoBusIsLoggedNotThrown)
     EXPECT_TRUE(reported);
 }
 
-#include "test_afterplay.moc"
+#include "test_logindpower.moc"
