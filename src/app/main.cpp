@@ -1,9 +1,12 @@
 // Entry of the program. `quorvel FILE` plays a file (or hands it to the
-// running instance); `quorvel FILE *Add` only adds it.
+// running instance); `quorvel FILE *Add` only adds it; `quorvel --report
+// FILE` prints the file's media report without opening a window.
 
 #include "app/application.h"
 #include "app/mainwindow.h"
+#include "media/reportcommand.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 int main(int argc, char **argv)
@@ -15,6 +18,11 @@ int main(int argc, char **argv)
         arguments << QFile::decodeName(argv[i]);
 
     int qtArgc = 1;
+    if (arguments.size() == 2 && arguments[0] == u"--report") {
+        QCoreApplication app(qtArgc, argv);
+        return quorvel::RunReportCommand(arguments[1]);
+    }
+
     quorvel::Application app(qtArgc, argv);
     QApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
 

@@ -10,7 +10,7 @@
 #include "app/videoframe.h"
 #include "common/logging.h"
 #include "common/paths.h"
-#include "media/existingfileprobe.h"
+#include "media/ffmpegprobe.h"
 #include "playback/player.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
@@ -87,10 +87,8 @@ void MainWindow::InitPlayer()
     // The playlist is empty: nothing to remove or step through.
     for (const char *key : {"Remove", "RemoveAll", "Next", "Previous"})
         m_menu.setEnabled(QLatin1String(key), false);
-    m_tables.media = MediaTables{};
-    // Default pictures shown for files without a frame of their own.
-    m_tables.media.defaultVideoThumb.load(m_tables.AppPath + QStringLiteral("Video.JPG"));
-    m_tables.media.defaultAudioThumb.load(m_tables.AppPath + QStringLiteral("Audio.JPG"));
+    // Codec names and the pictures of files without a frame of their own.
+    m_tables.media = LoadMediaTables(m_tables.AppPath);
     m_listWidget->setImageHeight(64);
     m_listWidget->setImageWidth(64);
     m_listWidget->setItemHeight(80);
@@ -102,7 +100,7 @@ void MainWindow::InitPlayer()
     showCaption();
 
     m_engine = std::make_unique<VlcEngine>(m_videoFrame->surface());
-    m_probe = std::make_unique<ExistingFileProbe>(m_tables.media.defaultVideoThumb);
+    m_probe = std::make_unique<FfmpegProbe>(m_tables.media);
     m_playlist = std::make_unique<Playlist>(*m_thumbList, *m_probe, m_notifier);
     m_player = std::make_unique<Player>(*m_engine, m_settings, m_playback, *m_playlist);
     m_power = std::make_unique<playback::LogindPower>();

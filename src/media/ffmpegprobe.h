@@ -1,0 +1,36 @@
+#pragma once
+// The probe every file goes through before it enters the playlist: ffmpeg's
+// report parsed into the media record, mpgtx's details for MPEG files, the
+// AVI audio delays, a thumbnail per video stream and the report text.
+// Safe on several worker threads at once: each probe has its own work files.
+
+#include "media/mediaprobe.h"
+#include "media/mediasource.h"
+#include "media/mediatables.h"
+
+namespace quorvel {
+
+class FfmpegProbe final : public MediaProbe {
+public:
+    explicit FfmpegProbe(MediaTables tables) : m_tables(std::move(tables)) {}
+    ProbeResult probe(const QString &path) override;
+
+    // `GetVideoInformation`: fills `source`; on refusal `result.error` says why.
+    bool GetVideoInformation(const QString &fileName, clsSource &source, ProbeResult &result) const;
+
+    // The thumbnail size of a video: fitted into 90 x 72, each side made even.
+    static QSize ThumbnailSize(int width, int height);
+    // Where the frame is taken: a tenth into the file, or at one second for short ones.
+    static float ThumbnailOffset(float duration);
+
+private:
+    MediaTables m_tables;
+};
+
+// The extensions probed a second time with mpgtx.
+bool IsMpegFile(const QString &path);
+
+// Loads the codec maps and default pictures from the program folder.
+MediaTables LoadMediaTables(const QString &programFolder);
+
+} // namespace quorvel

@@ -1,0 +1,6 @@
+quorvel_add_test(media_probe_tests
+    ${CMAKE_CURRENT_LIST_DIR}/test_ffmpegreport.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/test_mediasource.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/test_probe.cpp
+    LIBS quorvel_media
+    LABELS media)
