@@ -30,6 +30,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSystemTrayIcon>
 #include <QTimer>
@@ -81,6 +82,12 @@ void MainWindow::buildWidgets()
     listColours.setColor(QPalette::Highlight, QColor(0x2f, 0x81, 0xf7));
     listColours.setColor(QPalette::HighlightedText, Qt::white);
     m_listWidget->setPalette(listColours);
+    m_listWidget->scrollBar()->setStyleSheet(QStringLiteral(
+        "QScrollBar:vertical { background: #161b22; width: 10px; margin: 0; }"
+        "QScrollBar::handle:vertical { background: #3d4754; border-radius: 4px; min-height: 24px; }"
+        "QScrollBar::handle:vertical:hover { background: #4c9dff; }"
+        "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+        "QScrollBar::add-page, QScrollBar::sub-page { background: none; }"));
     m_splitter->setPaneContent(PaneSplitter::kCentre, m_videoFrame);
 
     m_addProgress = new QProgressBar(this);

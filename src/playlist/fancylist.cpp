@@ -8,6 +8,8 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTextOption>
@@ -118,11 +120,26 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
         painter.save();
         painter.setClipRect(text);
         painter.setPen(selected ? colours.highlightText : colours.text);
-        // Plain text: an ampersand is shown as itself. Long titles wrap
-        // inside the row instead of running under the scroll bar.
-        QTextOption option(Qt::AlignLeft | Qt::AlignTop);
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        painter.drawText(QRectF(text), item.text, option);
+        // Plain text: an ampersand is shown as itself. Long titles wrap at
+        // word boundaries inside the row; a word wider than the row would be
+        // cut letter by letter, so such a title is shortened in the middle,
+        // which keeps its start and its extension.
+        const QFontMetrics fm(painter.font());
+        if (text.width() < 3 * fm.averageCharWidth()) {
+            painter.restore();
+            continue; // too narrow for words: the title shows as the row's tooltip
+        }
+        bool wordsFit = true;
+        for (const QString &word : item.text.split(u' ', Qt::SkipEmptyParts))
+            wordsFit = wordsFit && fm.horizontalAdvance(word) <= text.width();
+        if (wordsFit) {
+            QTextOption option(Qt::AlignLeft | Qt::AlignTop);
+            option.setWrapMode(QTextOption::WordWrap);
+            painter.drawText(QRectF(text), item.text, option);
+        } else {
+            painter.drawText(text, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                             fm.elidedText(item.text, Qt::ElideMiddle, text.width()));
+        }
         painter.restore();
     }
     return rows.count();
@@ -259,6 +276,20 @@ int FancyList::scrollMaximum() const
 bool FancyList::isScrollBarShown() const
 {
     return !m_scrollBar->isHidden();
+}
+
+bool FancyList::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        auto *help = static_cast<QHelpEvent *>(event);
+        const int row = m_model.hitTest(help->pos().y(), scrollValue());
+        if (row >= 0)
+            QToolTip::showText(help->globalPos(), m_model.itemText(row), this);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 void FancyList::paintEvent(QPaintEvent *)
