@@ -7,3 +7,9 @@ target_link_libraries(bench_startup PRIVATE quorvel_test_support Qt6::Widgets)
 target_compile_definitions(bench_startup PRIVATE
     BARE_VLC_PATH="$<TARGET_FILE:bench_bare_vlc>")
 add_dependencies(bench_startup bench_bare_vlc quorvel quorvel_data)
+
+# CPU time of 20 s of 720p playback against the bare libVLC program.
+add_executable(bench_playback_cpu ${CMAKE_CURRENT_LIST_DIR}/startup/bench_playback_cpu.cpp)
+target_link_libraries(bench_playback_cpu PRIVATE quorvel_test_support Qt6::Widgets)
+target_compile_definitions(bench_playback_cpu PRIVATE BARE_VLC_PATH="$<TARGET_FILE:bench_bare_vlc>")
+add_dependencies(bench_playback_cpu bench_bare_vlc quorvel quorvel_data)
