@@ -6,6 +6,7 @@
 #include "media/avidelay.h"
 #include "media/ffmpegreport.h"
 #include "media/processrunner.h"
+#include "media/libavreader.h"
 #include "media/thumbnail.h"
 
 #include <QDateTime>
@@ -101,13 +102,21 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
         result.error = QStringLiteral("No room for the probe's work files.");
         return false;
     }
-    const QString analyse = work.filePath(QStringLiteral("analyse.txt"));
-    RunPiped(ToolPath(QStringLiteral("ffmpeg")), {QStringLiteral("-hide_banner"), QStringLiteral("-i"), toolPathOf(fileName)},
-             analyse);
-    if (QFileInfo(analyse).size() == 0)
-        return false;
-    const ReportParse parsed = ParseFfmpegReport(readText(analyse), fileName, m_tables);
-    DeleteIfExists(analyse);
+    const QString ffmpeg = ToolPath(QStringLiteral("ffmpeg"));
+    const QStringList reportArgs{QStringLiteral("-hide_banner"), QStringLiteral("-i"), toolPathOf(fileName)};
+    QString report;
+    if (m_engine == ProbeEngine::Libraries) {
+        // The command line heads the text as it heads the tool's work file.
+        report = CommandLineText(ffmpeg, reportArgs) + QStringLiteral("\r\n") + LibavReport(fileName);
+    } else {
+        const QString analyse = work.filePath(QStringLiteral("analyse.txt"));
+        RunPiped(ffmpeg, reportArgs, analyse);
+        if (QFileInfo(analyse).size() == 0)
+            return false;
+        report = readText(analyse);
+        DeleteIfExists(analyse);
+    }
+    const ReportParse parsed = ParseFfmpegReport(report, fileName, m_tables);
     result.notices << parsed.notices;
     if (!parsed.ok) {
         result.error = parsed.reason;
@@ -168,8 +177,10 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
         if (e.DisplayAR == 0)
             e.DisplayAR = 1;
         const QSize size = ThumbnailSize(e.Width, e.Height);
-        e.Image = ExtractThumbnail(toolPathOf(fileName), size.width(), size.height(),
-                                   ThumbnailOffset(source.Duration), work.filePath(QStringLiteral("img.jpg")));
+        e.Image = m_engine == ProbeEngine::Libraries
+            ? LibavFrame(fileName, size.width(), size.height(), ThumbnailOffset(source.Duration))
+            : ExtractThumbnail(toolPathOf(fileName), size.width(), size.height(), ThumbnailOffset(source.Duration),
+                               work.filePath(QStringLiteral("img.jpg")));
         if (e.Image.isNull()) {
             result.notices << QStringLiteral("Cannot render thumbnail for ") + fileName
                                   + QStringLiteral(". The video codec may be unsupported.");

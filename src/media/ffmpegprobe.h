@@ -10,9 +10,15 @@
 
 namespace quorvel {
 
+// Where the report and the frame come from: the ffmpeg tool (two process
+// starts per file) or ffmpeg's libraries inside the process (same report text,
+// same parser, a decoded frame). mpgtx stays a tool either way.
+enum class ProbeEngine { Tools, Libraries };
+
 class FfmpegProbe final : public MediaProbe {
 public:
-    explicit FfmpegProbe(MediaTables tables) : m_tables(std::move(tables)) {}
+    explicit FfmpegProbe(MediaTables tables, ProbeEngine engine = ProbeEngine::Tools)
+        : m_tables(std::move(tables)), m_engine(engine) {}
     ProbeResult probe(const QString &path) override;
 
     // `GetVideoInformation`: fills `source`; on refusal `result.error` says why.
@@ -25,6 +31,7 @@ public:
 
 private:
     MediaTables m_tables;
+    ProbeEngine m_engine;
 };
 
 // The extensions probed a second time with mpgtx.
