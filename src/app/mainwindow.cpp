@@ -135,6 +135,11 @@ void MainWindow::connectParts()
             [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
     connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });
     connect(m_videoFrame, &VideoFrame::escapePressed, this, [this] { enterFullScreen(false); });
+    connect(m_videoFrame, &VideoFrame::rightClicked, this, [this](QPoint pos) {
+        if (QMenu *menu = m_menuView ? m_menuView->menuFor(QStringLiteral("Play")) : nullptr)
+            menu->popup(m_videoFrame->mapToGlobal(pos));
+    });
+    connect(m_player.get(), &Player::itemStarted, this, [this] { m_videoFrame->showLogo(false); });
     m_engine->setFullscreenHandler([this](bool on) { enterFullScreen(on); });
     // Escape leaves full screen wherever the focus is; it is free otherwise.
     m_leaveFullScreen = new QShortcut(QKeySequence(Qt::Key_Escape), this);

@@ -89,6 +89,7 @@ void MainWindow::InitPlayer()
         m_menu.setEnabled(QLatin1String(key), false);
     // Codec names and the pictures of files without a frame of their own.
     m_tables.media = LoadMediaTables(m_tables.AppPath);
+    m_videoFrame->setLogo(m_tables.media.defaultAudioThumb);
     m_listWidget->setImageHeight(64);
     m_listWidget->setImageWidth(64);
     m_listWidget->setItemHeight(80);

@@ -4,7 +4,9 @@
 #include "mainwindow.h"
 
 #include "common/logging.h"
+#include "app/videoframe.h"
 #include "playback/transport.h"
+#include "playback/vlcengine.h"
 #include "playlist/fancylistthumblist.h"
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
@@ -15,6 +17,9 @@ namespace quorvel {
 
 void MainWindow::setTimeText(const QString &text)
 {
+    // Once the item plays, an item without a picture gets the audio logo.
+    if (m_engine->state() == Engine::Playing)
+        m_videoFrame->showLogo(!m_engine->hasVout());
     if (m_skin->state().timeText != text) {
         m_skin->state().timeText = text;
         update();

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QUrl>
 
 namespace quorvel {
@@ -61,6 +62,13 @@ bool VideoFrame::eventFilter(QObject *watched, QEvent *event)
         emit doubleClicked();
         return true;
     }
+    if (watched == m_surface && event->type() == QEvent::MouseButtonPress) {
+        auto *press = static_cast<QMouseEvent *>(event);
+        if (press->button() == Qt::RightButton) {
+            emit rightClicked(m_surface->mapTo(this, press->position().toPoint()));
+            return true;
+        }
+    }
     return QWidget::eventFilter(watched, event);
 }
 
@@ -91,6 +99,34 @@ void VideoFrame::dropEvent(QDropEvent *event)
     const QStringList paths = DroppedPaths(event->mimeData());
     event->acceptProposedAction();
     emit filesDropped(paths);
+}
+
+void VideoFrame::showLogo(bool on)
+{
+    if (on == m_showLogo)
+        return;
+    m_showLogo = on;
+    // The engine draws into the surface; with nothing to draw it steps aside.
+    m_surface->setVisible(!on);
+    update();
+}
+
+void VideoFrame::paintEvent(QPaintEvent *)
+{
+    QPainter p(this);
+    p.fillRect(rect(), Qt::black);
+    if (!m_showLogo || m_logo.isNull())
+        return;
+    const int side = qMin(qMin(width(), height()) * 2 / 3, 256);
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    p.drawImage(QRect((width() - side) / 2, (height() - side) / 2, side, side), m_logo);
+}
+
+void VideoFrame::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::RightButton)
+        emit rightClicked(event->position().toPoint());
+    QWidget::mousePressEvent(event);
 }
 
 void VideoFrame::mouseDoubleClickEvent(QMouseEvent *event)

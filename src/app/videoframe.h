@@ -15,11 +15,16 @@ public:
     explicit VideoFrame(QWidget *parent = nullptr);
     // The native child window handed to the engine.
     QWidget *surface() const { return m_surface; }
+    // Items without a picture show the audio logo instead of a black frame.
+    void setLogo(const QImage &logo) { m_logo = logo; }
+    void showLogo(bool on);
+    bool isShowingLogo() const { return m_showLogo; }
 
 signals:
     void filesDropped(const QStringList &paths);
     void doubleClicked();
     void escapePressed();
+    void rightClicked(QPoint pos);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -29,9 +34,13 @@ protected:
     void dropEvent(QDropEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     QWidget *m_surface;
+    QImage m_logo;
+    bool m_showLogo = false;
 };
 
 // Local file paths of a drag's data, in order.
