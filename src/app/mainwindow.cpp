@@ -17,6 +17,7 @@
 #include "playback/vlcengine.h"
 #include "playlist/fancylistthumblist.h"
 #include "playlist/playlist.h"
+#include "skin/skinlayout.h"
 #include "skin/textellipsis.h"
 
 #include <QApplication>
@@ -220,19 +221,19 @@ void MainWindow::SetPlaylistPosition(int layoutCode)
     m_playlistFill = false;
     for (int pane = 0; pane < 5; ++pane)
         m_splitter->setLock(pane, false);
-    const PlaylistLayout l = PlaylistLayout::forCode(layoutCode, m_splitter->width(), m_splitter->height());
-    if (l.applies) {
-        const int panes[4] = {0, 1, 3, 4};
-        for (int i = 0; i < 4; ++i)
-            m_splitter->setPaneSize(panes[i], qRound(l.sizes[i]));
-        if (l.contentsChange) {
-            for (int pane : panes) {
-                if (pane != l.holder && m_splitter->paneContent(pane))
+    if (const std::optional<PlaylistPanes> l = PlaylistPanesFor(layoutCode, QSizeF(m_splitter->size()))) {
+        m_splitter->setPaneSize(0, qRound(l->pane0Width));
+        m_splitter->setPaneSize(1, qRound(l->pane1Height));
+        m_splitter->setPaneSize(3, qRound(l->pane3Height));
+        m_splitter->setPaneSize(4, qRound(l->pane4Width));
+        if (!l->keepContents) {
+            for (int pane : {0, 1, 3, 4}) {
+                if (pane != l->holder && m_splitter->paneContent(pane))
                     m_splitter->setPaneContent(pane, nullptr);
             }
-            if (l.holder >= 0) {
-                m_splitter->setPaneContent(l.holder, m_listWidget);
-            } else if (l.fill) {
+            if (l->holder >= 0) {
+                m_splitter->setPaneContent(l->holder, m_listWidget);
+            } else if (l->fillsVideo) {
                 const bool shown = !m_listWidget->isHidden();
                 m_listWidget->setParent(this);
                 m_listWidget->setGeometry(m_splitter->geometry());
@@ -240,10 +241,10 @@ void MainWindow::SetPlaylistPosition(int layoutCode)
                 m_playlistFill = true;
             }
         }
-        m_splitter->setLock(0, l.locks[0]);
-        m_splitter->setLock(4, l.locks[1]);
-        m_splitter->setLock(1, l.locks[2]);
-        m_splitter->setLock(3, l.locks[3]);
+        m_splitter->setLock(0, l->lock0W);
+        m_splitter->setLock(4, l->lock4W);
+        m_splitter->setLock(1, l->lock1H);
+        m_splitter->setLock(3, l->lock3H);
     }
     m_listWidget->raise();
 }

@@ -256,10 +256,7 @@ void MainWindow::ToggleMaximize()
 
 void MainWindow::showMediaInformation()
 {
-    const int k = m_playlist->list().selectedItem();
-    QMessageBox box(QMessageBox::NoIcon, QCoreApplication::applicationName(), m_playlist->mediaInfo(k),
-                    QMessageBox::Ok, this);
-    box.exec();
+    m_notifier.notify(MessageNotifier::Icon::Information, m_playlist->mediaInfo(m_playlist->list().selectedItem()));
 }
 
 } // namespace quorvel

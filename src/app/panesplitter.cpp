@@ -7,44 +7,6 @@
 
 namespace quorvel {
 
-PlaylistLayout PlaylistLayout::forCode(int code, double w, double h)
-{
-    PlaylistLayout l;
-    if (code < 0 || code > 5)
-        return l;
-    l.applies = true;
-    l.locks = {true, true, true, true};
-    switch (code) {
-    case 0:
-        l.sizes[0] = w / 3;
-        l.holder = 0;
-        l.locks[0] = false;
-        break;
-    case 1:
-        l.sizes[3] = w / 3;
-        l.holder = 4;
-        l.locks[1] = false;
-        break;
-    case 2:
-        l.sizes[1] = h / 3;
-        l.holder = 1;
-        l.locks[2] = false;
-        break;
-    case 3:
-        l.sizes[2] = h / 3;
-        l.holder = 3;
-        l.locks[3] = false;
-        break;
-    case 4:
-        l.fill = true;
-        break;
-    default:
-        break;
-    }
-    l.contentsChange = code <= 4;
-    return l;
-}
-
 PaneSplitter::PaneSplitter(QWidget *parent)
     : QWidget(parent), m_outer(new QSplitter(Qt::Horizontal, this)), m_middle(new QSplitter(Qt::Vertical))
 {

@@ -12,18 +12,6 @@ class QSplitter;
 
 namespace quorvel {
 
-// Where the playlist goes for a layout code, and the side-pane sizes.
-struct PlaylistLayout {
-    bool applies = false;            // codes 0..5 change panes; others only release the locks
-    std::array<double, 4> sizes{};   // panes 0, 1, 3, 4 (widths of 0 and 4, heights of 1 and 3)
-    int holder = -1;                 // pane that takes the playlist (0, 1, 3, 4), or -1
-    bool fill = false;               // code 4: the playlist lies over the whole video area
-    bool contentsChange = false;     // codes 0..4 move the playlist; 5 leaves it where it is
-    std::array<bool, 4> locks{};     // width 0, width 4, height 1, height 3
-
-    static PlaylistLayout forCode(int code, double splitterWidth, double splitterHeight);
-};
-
 class PaneSplitter : public QWidget {
     Q_OBJECT
 public:

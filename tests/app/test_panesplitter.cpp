@@ -6,40 +6,6 @@
 
 using namespace quorvel;
 
-TEST(PlaylistLayout, EachCodePutsThePlaylistInItsPaneWithAThird)
-{
-    PlaylistLayout l = PlaylistLayout::forCode(0, 600, 300);
-    EXPECT_TRUE(l.applies && l.contentsChange);
-    EXPECT_DOUBLE_EQ(l.sizes[0], 200);
-    EXPECT_EQ(l.holder, 0);
-    EXPECT_EQ(l.locks, (std::array<bool, 4>{false, true, true, true}));
-
-    l = PlaylistLayout::forCode(2, 600, 300);
-    EXPECT_DOUBLE_EQ(l.sizes[1], 100);
-    EXPECT_EQ(l.holder, 1);
-    EXPECT_EQ(l.locks, (std::array<bool, 4>{true, true, false, true}));
-
-    l = PlaylistLayout::forCode(1, 500, 300);
-    EXPECT_DOUBLE_EQ(l.sizes[3], 500.0 / 3);
-    EXPECT_EQ(l.holder, 4);
-    l = PlaylistLayout::forCode(3, 500, 301);
-    EXPECT_DOUBLE_EQ(l.sizes[2], 301.0 / 3);
-    EXPECT_EQ(l.holder, 3);
-
-    l = PlaylistLayout::forCode(4, 500, 300);
-    EXPECT_TRUE(l.fill);
-    EXPECT_EQ(l.holder, -1);
-    EXPECT_EQ(l.sizes, (std::array<double, 4>{0, 0, 0, 0}));
-
-    l = PlaylistLayout::forCode(5, 500, 300);
-    EXPECT_TRUE(l.applies);
-    EXPECT_FALSE(l.contentsChange);
-    EXPECT_EQ(l.locks, (std::array<bool, 4>{true, true, true, true}));
-
-    EXPECT_FALSE(PlaylistLayout::forCode(6, 500, 300).applies);
-    EXPECT_FALSE(PlaylistLayout::forCode(-1, 500, 300).applies);
-}
-
 TEST(PaneSplitter, SidePanesTakeTheirSizeAndTheCentreTheRest)
 {
     PaneSplitter s;
