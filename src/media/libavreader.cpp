@@ -1,6 +1,7 @@
 #include "libavreader.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cstdarg>
 #include <mutex>
@@ -64,6 +65,13 @@ QString errorText(int err)
     return QString::fromUtf8(buf);
 }
 
+// The library reads "proto:..." as a protocol, like the tool: name the file
+// by its absolute path, marked as a file.
+QByteArray urlOf(const QString &fileName)
+{
+    return "file:" + QFile::encodeName(QFileInfo(fileName).absoluteFilePath());
+}
+
 } // namespace
 
 QString LibavReport(const QString &fileName)
@@ -71,7 +79,7 @@ QString LibavReport(const QString &fileName)
     QByteArray text;
     Capture capture(&text);
     FormatCloser f;
-    const QByteArray path = QFile::encodeName(fileName);
+    const QByteArray path = urlOf(fileName);
     int err = avformat_open_input(&f.ctx, path.constData(), nullptr, nullptr);
     if (err < 0)
         return QString::fromUtf8(text) + fileName + QStringLiteral(": ") + errorText(err) + u'\n';
@@ -89,7 +97,7 @@ QImage LibavFrame(const QString &fileName, int width, int height, float offset)
     QByteArray quiet;
     Capture capture(&quiet); // decoder chatter stays out of the terminal
     FormatCloser f;
-    const QByteArray path = QFile::encodeName(fileName);
+    const QByteArray path = urlOf(fileName);
     if (avformat_open_input(&f.ctx, path.constData(), nullptr, nullptr) < 0
         || avformat_find_stream_info(f.ctx, nullptr) < 0)
         return {};

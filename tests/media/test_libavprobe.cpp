@@ -4,6 +4,7 @@
 #include "media/libavreader.h"
 #include "support/mediagen.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtConcurrent/QtConcurrentMap>
@@ -129,4 +130,19 @@ TEST(LibavProbe, ParallelProbesKeepTheirOwnReports)
     });
     for (int i = 0; i < many.size(); ++i)
         EXPECT_EQ(together[i], alone[i % paths.size()]) << many[i].toStdString();
+
+    // Names the library could read as a protocol or an option still name files.
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString before = QDir::currentPath();
+    for (const QString &name : {u"-dash.mp4"_qs, u"a:b.mp4"_qs, u"file:x, \"q\" ü.mp4"_qs}) {
+        const QString odd = dir.filePath(name);
+        ASSERT_TRUE(QFile::copy(paths.first(), odd));
+        const ProbeResult r = libs.probe(odd);
+        EXPECT_TRUE(r.ok) << name.toStdString() << " " << r.error.toStdString();
+        EXPECT_FALSE(r.thumb.isNull()) << name.toStdString();
+        QDir::setCurrent(dir.path()); // and relative to the current folder
+        EXPECT_TRUE(libs.probe(name).ok) << name.toStdString();
+        QDir::setCurrent(before);
+    }
 }
