@@ -78,11 +78,11 @@ MediaTables programTables()
 
 } // namespace
 
-TEST(Probe, AgreesWithFfprobeOnEveryKindOfFile)
+void checkAgreesWithFfprobeOnEveryKindOfFile(ProbeEngine engine)
 {
     const MediaTables tables = programTables();
     ASSERT_FALSE(tables.defaultAudioThumb.isNull()) << "Audio.JPG beside the program";
-    FfmpegProbe probe(tables);
+    FfmpegProbe probe(tables, engine);
     for (const Sample &s : samples()) {
         SCOPED_TRACE(s.name.toStdString());
         const QString path = test::makeMedia(s.name, s.args);
@@ -130,9 +130,18 @@ TEST(Probe, AgreesWithFfprobeOnEveryKindOfFile)
     }
 }
 
-TEST(Probe, MpegFilesGetMpgtxDetailsAndAnEstimatedBitRate)
+// Both ways of reading a file, the tools and the libraries, must pass.
+TEST(Probe, AgreesWithFfprobeOnEveryKindOfFile)
 {
-    FfmpegProbe probe(programTables());
+    for (const ProbeEngine engine : {ProbeEngine::Tools, ProbeEngine::Libraries}) {
+        SCOPED_TRACE(engine == ProbeEngine::Tools ? "tools" : "libraries");
+        checkAgreesWithFfprobeOnEveryKindOfFile(engine);
+    }
+}
+
+void checkMpegFilesGetMpgtxDetailsAndAnEstimatedBitRate(ProbeEngine engine)
+{
+    FfmpegProbe probe(programTables(), engine);
     const QString path = test::makeMedia(
         u"probe-mpeg2-4x3.mpg"_qs,
         lavfi(u"testsrc2=size=320x240:rate=25:duration=2"_qs, kAudio)
@@ -147,9 +156,18 @@ TEST(Probe, MpegFilesGetMpgtxDetailsAndAnEstimatedBitRate)
     EXPECT_GT(v.BitRate, 0);
 }
 
-TEST(Probe, RefusesWhatIsNotMediaWithAReason)
+// Both ways of reading a file, the tools and the libraries, must pass.
+TEST(Probe, MpegFilesGetMpgtxDetailsAndAnEstimatedBitRate)
 {
-    FfmpegProbe probe(programTables());
+    for (const ProbeEngine engine : {ProbeEngine::Tools, ProbeEngine::Libraries}) {
+        SCOPED_TRACE(engine == ProbeEngine::Tools ? "tools" : "libraries");
+        checkMpegFilesGetMpgtxDetailsAndAnEstimatedBitRate(engine);
+    }
+}
+
+void checkRefusesWhatIsNotMediaWithAReason(ProbeEngine engine)
+{
+    FfmpegProbe probe(programTables(), engine);
     QTemporaryDir dir;
     const QString empty = dir.filePath(u"empty.mp4"_qs);
     QFile(empty).open(QIODevice::WriteOnly);
@@ -174,9 +192,18 @@ TEST(Probe, RefusesWhatIsNotMediaWithAReason)
     }
 }
 
-TEST(Probe, OddPathsWorkAndParallelProbesKeepTheirOwnFrames)
+// Both ways of reading a file, the tools and the libraries, must pass.
+TEST(Probe, RefusesWhatIsNotMediaWithAReason)
 {
-    FfmpegProbe probe(programTables());
+    for (const ProbeEngine engine : {ProbeEngine::Tools, ProbeEngine::Libraries}) {
+        SCOPED_TRACE(engine == ProbeEngine::Tools ? "tools" : "libraries");
+        checkRefusesWhatIsNotMediaWithAReason(engine);
+    }
+}
+
+void checkOddPathsWorkAndParallelProbesKeepTheirOwnFrames(ProbeEngine engine)
+{
+    FfmpegProbe probe(programTables(), engine);
     QTemporaryDir dir;
     const QString source = test::makeMedia(samples()[0].name, samples()[0].args);
     QStringList paths;
@@ -192,6 +219,15 @@ TEST(Probe, OddPathsWorkAndParallelProbesKeepTheirOwnFrames)
         EXPECT_TRUE(results[i].mediaInfo.contains(paths[i]));
     }
     EXPECT_FALSE(QFile::exists(dir.filePath(u"pwned"_qs)));
+}
+
+// Both ways of reading a file, the tools and the libraries, must pass.
+TEST(Probe, OddPathsWorkAndParallelProbesKeepTheirOwnFrames)
+{
+    for (const ProbeEngine engine : {ProbeEngine::Tools, ProbeEngine::Libraries}) {
+        SCOPED_TRACE(engine == ProbeEngine::Tools ? "tools" : "libraries");
+        checkOddPathsWorkAndParallelProbesKeepTheirOwnFrames(engine);
+    }
 }
 
 TEST(Probe, ThumbnailSizesOffsetsAndArguments)
