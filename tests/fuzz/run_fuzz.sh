@@ -39,6 +39,9 @@ fuzz_riff)
         -map 0 -map 1 -map 2 -c:v mpeg4 -c:a:0 ac3 -c:a:1 libmp3lame -b:a:1 32k
     dict=(-dict="$root/tests/fuzz/riff.dict")
     ;;
+fuzz_reports)
+    dict=(-dict="$root/tests/fuzz/reports.dict")
+    ;;
 esac
 if [ -x "$root/tests/fuzz/seeds-$target.sh" ]; then
     "$root/tests/fuzz/seeds-$target.sh" "$seeds"
