@@ -83,6 +83,7 @@ void MainWindow::buildWidgets()
     listColours.setColor(QPalette::Highlight, QColor(0x2f, 0x81, 0xf7));
     listColours.setColor(QPalette::HighlightedText, Qt::white);
     m_listWidget->setPalette(listColours);
+    m_listWidget->setPlaceholderText(tr("Drop media files here"));
     m_listWidget->scrollBar()->setStyleSheet(QStringLiteral(
         "QScrollBar:vertical { background: #161b22; width: 10px; margin: 0; }"
         "QScrollBar::handle:vertical { background: #3d4754; border-radius: 4px; min-height: 24px; }"

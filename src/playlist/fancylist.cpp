@@ -300,7 +300,14 @@ void FancyList::paintEvent(QPaintEvent *)
     how.surface = size();
     how.textRightInset = textRightInset();
     how.focusFrame = hasFocus();
-    m_lastPaintedRows = PaintFancyList(painter, m_model, FancyListColours::fromPalette(palette()), m_font, how);
+    const FancyListColours colours = FancyListColours::fromPalette(palette());
+    m_lastPaintedRows = PaintFancyList(painter, m_model, colours, m_font, how);
+    if (m_model.Count() == 0 && !m_placeholder.isEmpty()) {
+        QColor muted = colours.text;
+        muted.setAlpha(110);
+        painter.setPen(muted);
+        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, m_placeholder);
+    }
 }
 
 void FancyList::resizeEvent(QResizeEvent *)

@@ -80,6 +80,13 @@ public:
     bool NoThumbBlack() const { return m_model.NoThumbBlack(); }
     void setNoThumbBlack(bool on);
 
+    // A hint drawn while the list is empty.
+    void setPlaceholderText(const QString &text)
+    {
+        m_placeholder = text;
+        update();
+    }
+
     // Appends a row; the selection does not change. Returns 0.
     int AddItem(const QString &text, const QImage &image = QImage());
     // Removes a row; the selection stays at index (see FancyListModel).
@@ -141,6 +148,7 @@ private:
     QScrollBar *m_scrollBar = nullptr;
     QFont m_font;
     bool m_refresh = true;
+    QString m_placeholder;
     bool m_leftPressed = false;
     int m_lastPaintedRows = 0;
 };
