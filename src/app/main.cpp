@@ -9,6 +9,10 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
 int main(int argc, char **argv)
 {
     // Taken before Qt sees them: Qt would swallow a file named like one of
@@ -27,6 +31,15 @@ int main(int argc, char **argv)
     QApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
 
     quorvel::MainWindow window;
+    QObject::connect(&window, &quorvel::MainWindow::closing, [] {
+        // The settings are safe. Should the engine hang while it lets go of
+        // its outputs, the process still ends: a closed player must never
+        // keep running where the user cannot see it.
+        std::thread([] {
+            std::this_thread::sleep_for(std::chrono::seconds(10));
+            std::_Exit(0);
+        }).detach();
+    });
     if (!window.FormLoad(arguments))
         return 0; // the running instance has the file now
     window.show();

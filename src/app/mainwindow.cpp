@@ -280,6 +280,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
         m_transport->rewindTimer().stop();
     }
     WriteConfigurations();
+    emit closing();
     // Release the engine before the process ends, so audio and video
     // outputs close cleanly.
     if (m_engine)

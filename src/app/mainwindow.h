@@ -78,6 +78,10 @@ public:
     const AppTables &tables() const { return m_tables; }
     bool isLoading() const { return m_isLoading; }
 
+signals:
+    // The window is closing and the settings have been written.
+    void closing();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
