@@ -2,6 +2,7 @@
 // 10,000 rows as with 10, because only the visible rows are drawn; and a row
 // must cost about one thumbnail-sized picture, however large the frame it was
 // given. Everything is printed as ratios against baselines of the same run.
+#include "benchtiming.h"
 #include "playlist/fancylist.h"
 
 #include <QApplication>
@@ -16,24 +17,9 @@
 #include <vector>
 
 using namespace quorvel;
+using quorvel::bench::Measure;
 
 namespace {
-
-// Median of seven rounds of `rounds` calls, in nanoseconds per call.
-template <typename F>
-double Measure(F &&work, int rounds)
-{
-    std::vector<double> samples;
-    for (int r = 0; r < 7; ++r) {
-        QElapsedTimer t;
-        t.start();
-        for (int i = 0; i < rounds; ++i)
-            work(i);
-        samples.push_back(double(t.nsecsElapsed()) / rounds);
-    }
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
-}
 
 long ResidentBytes()
 {

@@ -2,6 +2,7 @@
 // the cheapest possible repaint, one drawImage of a prepared picture of the
 // whole window, measured in the same run on the same target.
 //   bench_skin [PROGRAM_FOLDER]
+#include "benchtiming.h"
 #include "skin/skinpainter.h"
 
 #include <QElapsedTimer>
@@ -13,26 +14,7 @@
 #include <vector>
 
 using namespace quorvel;
-
-namespace {
-
-// Median of several rounds of `rounds` calls, in nanoseconds per call.
-template <typename F>
-double Measure(F &&work, int rounds)
-{
-    std::vector<double> samples;
-    for (int r = 0; r < 7; ++r) {
-        QElapsedTimer t;
-        t.start();
-        for (int i = 0; i < rounds; ++i)
-            work(i);
-        samples.push_back(double(t.nsecsElapsed()) / rounds);
-    }
-    std::sort(samples.begin(), samples.end());
-    return samples[samples.size() / 2];
-}
-
-} // namespace
+using quorvel::bench::Measure;
 
 int main(int argc, char **argv)
 {

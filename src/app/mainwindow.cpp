@@ -136,14 +136,14 @@ void MainWindow::connectParts()
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
             [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
     connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });
-    connect(m_videoFrame, &VideoFrame::escapePressed, this, [this] { enterFullScreen(false); });
     connect(m_videoFrame, &VideoFrame::rightClicked, this, [this](QPoint pos) {
         if (QMenu *menu = m_menuView ? m_menuView->menuFor(QStringLiteral("Play")) : nullptr)
             menu->popup(m_videoFrame->mapToGlobal(pos));
     });
     connect(m_player.get(), &Player::itemStarted, this, [this] { m_videoFrame->showLogo(false); });
     m_engine->setFullscreenHandler([this](bool on) { enterFullScreen(on); });
-    // Escape leaves full screen wherever the focus is; it is free otherwise.
+    // Escape leaves full screen wherever the focus is; it is free otherwise,
+    // for dialogs and menus.
     m_leaveFullScreen = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     m_leaveFullScreen->setContext(Qt::ApplicationShortcut);
     m_leaveFullScreen->setEnabled(false);
@@ -206,15 +206,6 @@ void MainWindow::enterFullScreen(bool on)
             setGeometry(m_normalGeometry);
         m_engine->noteFullscreenLeft();
     }
-}
-
-void MainWindow::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape && m_inFullScreen) {
-        enterFullScreen(false);
-        return;
-    }
-    QWidget::keyPressEvent(event);
 }
 
 void MainWindow::SetPlaylistPosition(int layoutCode)

@@ -135,13 +135,4 @@ void VideoFrame::mouseDoubleClickEvent(QMouseEvent *event)
     emit doubleClicked();
 }
 
-void VideoFrame::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape) {
-        emit escapePressed();
-        return;
-    }
-    QWidget::keyPressEvent(event);
-}
-
 } // namespace quorvel

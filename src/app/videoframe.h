@@ -1,7 +1,7 @@
 #pragma once
 // The video area: a black frame holding the native surface the engine draws
-// into. It takes dropped files and the double-click and Escape that leave
-// full screen; everything else is the window's.
+// into. It takes dropped files, the right button and the double-click that
+// leaves full screen; everything else is the window's.
 
 #include <QStringList>
 #include <QMimeData>
@@ -23,7 +23,6 @@ public:
 signals:
     void filesDropped(const QStringList &paths);
     void doubleClicked();
-    void escapePressed();
     void rightClicked(QPoint pos);
 
 protected:
@@ -33,7 +32,6 @@ protected:
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

@@ -12,16 +12,7 @@ using namespace quorvel;
 
 namespace {
 
-const SkinImages &Skin()
-{
-    static SkinImages images = [] {
-        SkinImages i;
-        i.LoadSkinImages(test::SkinProgramFolder());
-        i.LoadProgressBack(test::SkinProgramFolder());
-        return i;
-    }();
-    return images;
-}
+const SkinImages &Skin() { return test::CommittedSkin(); }
 
 void Paint(SkinController &c)
 {

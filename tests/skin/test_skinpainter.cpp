@@ -14,16 +14,7 @@ using namespace quorvel;
 
 namespace {
 
-const SkinImages &Skin()
-{
-    static SkinImages images = [] {
-        SkinImages i;
-        i.LoadSkinImages(test::SkinProgramFolder());
-        i.LoadProgressBack(test::SkinProgramFolder());
-        return i;
-    }();
-    return images;
-}
+const SkinImages &Skin() { return test::CommittedSkin(); }
 
 struct Painted {
     QImage image;
