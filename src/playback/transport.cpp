@@ -61,7 +61,9 @@ void Transport::CMDPlayClick()
     }
     if (m_stopping)
         finishStopNow(); // play after a stop starts the stopped item again
-    if (m_state.IsHalted) {
+    // An engine that could not start has nothing to resume: the start below
+    // keeps the stopped state.
+    if (m_state.IsHalted && m_engine.failure().isEmpty()) {
         m_engine.play(); // resume, or the stopped item from its start
         m_player.enableMediaControl(MediaAction::Playing);
         return;
@@ -75,6 +77,8 @@ void Transport::CMDPauseClick()
 {
     if (!m_state.MediaLoaded && !m_state.IsHalted)
         return; // ended: nothing to pause or resume
+    if (!m_engine.failure().isEmpty())
+        return; // nothing can play
     if (m_stopping)
         finishStopNow(); // the engine has stopped: the toggle resumes
     const bool halt = !m_state.IsHalted;

@@ -318,3 +318,16 @@ TEST_F(TransportFixture, DeletedFilesAreSkippedSaidOnceAndAllGoneStops)
     EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
     EXPECT_EQ(notifier.texts(), (QStringList{missing(paths[1]), missing(paths[2]), missing(paths[0])}));
 }
+
+TEST_F(TransportFixture, WithAnEngineThatCannotStartPlayAndPauseKeepTheStoppedState)
+{
+    addFiles(1);
+    engine.scriptedFailure = u"libVLC could not be started"_qs;
+    start(0);
+    transport.CMDPlayClick();
+    transport.CMDPauseClick();
+    transport.tmrMovie_Timer();
+    EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
+    EXPECT_FALSE(view.rateVisible); // never "Loading..."
+    EXPECT_EQ(notifier.messages.size(), 1u);
+}
