@@ -106,6 +106,7 @@ void MainWindow::buildWidgets()
 
 void MainWindow::connectParts()
 {
+    m_player->setNotifier(&m_notifier);
     m_playlist->setPlayHandler([this](int index, bool fullScreen) {
         if (!m_closing)
             m_player->PlayItem(index, fullScreen);

@@ -11,10 +11,21 @@
 // thread (the playback monitor), so implementations must answer queries
 // without blocking for long.
 
+#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
 
 namespace quorvel {
+
+// True when `source` names a location for the engine ("dvd:///dev/sr0",
+// "http://host/v.mp4"): a scheme followed by "://" at its very start. Local
+// files are passed as paths and never read as addresses, even when a folder
+// in them is called "http:" (an absolute path starts with "/").
+inline bool IsEngineLocation(const QString &source)
+{
+    static const QRegularExpression scheme(QStringLiteral("\\A[A-Za-z][A-Za-z0-9+.-]*://"));
+    return scheme.match(source).hasMatch();
+}
 
 class Engine {
 public:
@@ -38,8 +49,12 @@ public:
     // Drops the control; whatever it was playing ends.
     virtual void destroyControl() = 0;
     virtual bool hasControl() const = 0;
+    // Why the engine cannot play anything at all (it could not be started);
+    // empty while it works. Without a working engine no control exists.
+    virtual QString failure() const { return {}; }
 
-    // Appends an item (a file path or "dvd://" + device) with its options
+    // Appends an item (a file path or a location such as "dvd://" + device,
+    // told apart by IsEngineLocation) with its options
     // ("overlay", "snapshot-path=...", ...). `name` is a display name or empty.
     virtual void playlistAdd(const QString &mrl, const QString &name, const QStringList &options) = 0;
     // Starts or resumes the current item; after stop() it starts again from

@@ -1,9 +1,11 @@
 #include "player.h"
 
 #include "common/logging.h"
+#include "common/notifier.h"
 #include "playback/engineoptions.h"
 #include "playlist/playlist.h"
 
+#include <QFileInfo>
 #include <QTimer>
 
 namespace quorvel {
@@ -44,17 +46,46 @@ bool Player::rebuildCaption()
     }
 }
 
-void Player::PlayItem(int index, bool fullScreen)
+void Player::tell(const QString &text)
+{
+    qCWarning(lcPlayback).noquote() << "message:" << text;
+    if (m_notifier)
+        m_notifier->notify(MessageNotifier::Icon::Exclamation, text);
+}
+
+StartResult Player::PlayItem(int index, bool fullScreen)
 {
     if (index < 0 || index >= m_playlist.list().count() || index >= m_playlist.count())
-        return;
+        return StartResult::NotInList;
+    const QString path = m_playlist.fullPath(index);
+    if (!IsEngineLocation(path) && !QFileInfo::exists(path)) {
+        // Checked here because the engine would fail on it without a word.
+        // Said once per file: a repeating list comes back to it again and again.
+        if (!m_reportedMissing.contains(path)) {
+            m_reportedMissing.insert(path);
+            tell(QStringLiteral("Cannot open file <") + path + QStringLiteral(">\r\nThe file was not found."));
+        }
+        qCDebug(lcPlayback) << "skipped missing" << path;
+        return StartResult::FileMissing;
+    }
+    m_reportedMissing.remove(path); // back again: a later deletion is news
     RemoveVLCPlayer();
     AddVLCPLayer();
-    m_state.CurrentFile = m_playlist.fullPath(index);
+    m_state.CurrentFile = path;
     if (m_state.VLCOptions.size() <= kSnapshotPathOptionIndex)
         SaveVLCOptions();
     m_state.VLCOptions[kSnapshotPathOptionIndex] = SnapshotPathOption(m_settings.SnapshotFolder, m_state.CurrentFile);
     m_engine.playlistAdd(m_state.CurrentFile, QString(), m_state.VLCOptions);
+    if (const QString failure = m_engine.failure(); !failure.isEmpty()) {
+        // Nothing can play: one message, and the window stays usable in the
+        // stopped state instead of waiting for an item that never loads.
+        if (!m_engineFailureReported) {
+            m_engineFailureReported = true;
+            tell(QStringLiteral("Quorvel cannot play anything: the playback engine did not start.\r\n") + failure);
+        }
+        enableMediaControl(MediaAction::Stopped);
+        return StartResult::EngineFailed;
+    }
     m_engine.play();
     qCDebug(lcPlayback) << "started" << m_state.CurrentFile << "monotonic=" << MonotonicMs();
 
@@ -69,6 +100,7 @@ void Player::PlayItem(int index, bool fullScreen)
     if (fullScreen) {
         QTimer::singleShot(0, this, [this] { m_engine.toggleFullscreen(); });
     }
+    return StartResult::Started;
 }
 
 } // namespace quorvel

@@ -8,10 +8,20 @@
 #include "playback/playbackstate.h"
 
 #include <QObject>
+#include <QSet>
 
 namespace quorvel {
 
+class MessageNotifier;
 class Playlist;
+
+// What came of starting an entry.
+enum class StartResult {
+    Started,
+    NotInList,    // the index names no entry: nothing changed
+    FileMissing,  // the entry's file is gone: said once per file, nothing changed
+    EngineFailed, // the engine cannot start: said once, the state is "stopped"
+};
 
 class Player : public QObject {
     Q_OBJECT
@@ -26,8 +36,11 @@ public:
     void SaveVLCOptions();
     // Sets the three flags and tells the controls to follow.
     void enableMediaControl(MediaAction action);
-    // Starts entry `index`; does nothing when it is outside the playlist.
-    void PlayItem(int index, bool fullScreen);
+    // Starts entry `index`; does nothing when it is outside the playlist or
+    // its file has been deleted since it was added.
+    StartResult PlayItem(int index, bool fullScreen);
+    // Where the user is told about missing files and a failed engine.
+    void setNotifier(MessageNotifier *notifier) { m_notifier = notifier; }
     // The caption for the current item under the title mode; false when the
     // mode leaves the caption as it was.
     bool rebuildCaption();
@@ -43,10 +56,15 @@ signals:
     void itemStarted(const QString &path, const QString &title);
 
 private:
+    void tell(const QString &text);
+
     Engine &m_engine;
     const Settings &m_settings;
     PlaybackState &m_state;
     Playlist &m_playlist;
+    MessageNotifier *m_notifier = nullptr;
+    QSet<QString> m_reportedMissing;
+    bool m_engineFailureReported = false;
 };
 
 } // namespace quorvel

@@ -9,6 +9,8 @@
 #include "playback/rate.h"
 #include "playlist/playlist.h"
 
+#include <utility>
+
 namespace quorvel {
 
 namespace {
@@ -32,14 +34,23 @@ Transport::Transport(Engine &engine, Settings &settings, PlaybackState &state, P
     m_rewindTimer.setInterval(10);
     m_rewindTimer.setObjectName(QStringLiteral("tmrRewind"));
     connect(&m_rewindTimer, &QTimer::timeout, this, &Transport::tmrRewind_Timer);
+    m_settleTimer.setSingleShot(true);
+    m_settleTimer.setInterval(500);
+    connect(&m_settleTimer, &QTimer::timeout, this, &Transport::settleStop);
+    // Whatever changes the playback state while a stop settles (an item
+    // started by a double-click, a hand-off, next) has the last word.
+    connect(&m_player, &Player::controlsChanged, this, [this] {
+        if (m_stopping)
+            cancelStop();
+    });
 }
 
-void Transport::playEntry(int index)
+StartResult Transport::playEntry(int index)
 {
     m_playlist.list().setSelectedItem(index);
     m_playlist.list().refresh();
     emit selectionMoved(index);
-    m_player.PlayItem(index, false);
+    return m_player.PlayItem(index, false);
 }
 
 void Transport::CMDPlayClick()
@@ -48,7 +59,11 @@ void Transport::CMDPlayClick()
         m_view.openFiles(false);
         return;
     }
-    if (m_state.IsHalted) {
+    if (m_stopping)
+        finishStopNow(); // play after a stop starts the stopped item again
+    // An engine that could not start has nothing to resume: the start below
+    // keeps the stopped state.
+    if (m_state.IsHalted && m_engine.failure().isEmpty()) {
         m_engine.play(); // resume, or the stopped item from its start
         m_player.enableMediaControl(MediaAction::Playing);
         return;
@@ -62,6 +77,10 @@ void Transport::CMDPauseClick()
 {
     if (!m_state.MediaLoaded && !m_state.IsHalted)
         return; // ended: nothing to pause or resume
+    if (!m_engine.failure().isEmpty())
+        return; // nothing can play
+    if (m_stopping)
+        finishStopNow(); // the engine has stopped: the toggle resumes
     const bool halt = !m_state.IsHalted;
     m_engine.togglePause();
     m_player.enableMediaControl(halt ? MediaAction::Paused : MediaAction::Playing);
@@ -81,26 +100,54 @@ void Transport::cmdStopClick(std::function<void()> then)
     // The engine needs a moment after a stop before it takes a new command.
     // The wait runs on a timer so the window keeps painting.
     m_stopping = true;
-    QTimer::singleShot(500, this, [this, then = std::move(then)] {
-        m_stopping = false;
-        m_player.enableMediaControl(MediaAction::Stopped);
-        if (then)
-            then();
-    });
+    m_afterStop = std::move(then);
+    m_settleTimer.start();
+}
+
+void Transport::settleStop()
+{
+    m_stopping = false; // first, so the state change below does not cancel itself
+    const std::function<void()> then = std::exchange(m_afterStop, {});
+    m_player.enableMediaControl(MediaAction::Stopped);
+    if (then)
+        then();
+}
+
+void Transport::cancelStop()
+{
+    m_settleTimer.stop();
+    m_stopping = false;
+    m_afterStop = {};
+    qCDebug(lcPlayback) << "stop overtaken by a command";
+}
+
+void Transport::finishStopNow()
+{
+    cancelStop();
+    m_player.enableMediaControl(MediaAction::Stopped);
+}
+
+void Transport::step(bool forward)
+{
+    if (!m_state.MediaLoaded)
+        return;
+    // Entries whose file is gone are passed over, at most once round the order.
+    for (int tries = 0; tries < m_sequence.count(); ++tries) {
+        if (!(forward ? m_sequence.stepNext() : m_sequence.stepPrevious()))
+            return;
+        if (playEntry(m_sequence.cursor()) != StartResult::FileMissing)
+            return;
+    }
 }
 
 void Transport::cmdNextClick()
 {
-    if (!m_state.MediaLoaded || !m_sequence.stepNext())
-        return;
-    playEntry(m_sequence.cursor());
+    step(true);
 }
 
 void Transport::cmdPreviousClick()
 {
-    if (!m_state.MediaLoaded || !m_sequence.stepPrevious())
-        return;
-    playEntry(m_sequence.cursor());
+    step(false);
 }
 
 void Transport::cmdffMouseDown()
@@ -313,8 +360,26 @@ void Transport::tmrMovie_Timer()
         m_view.enableDvdCheck();
     if (!m_state.isEnded())
         return;
-    const EndOfItem next = DecideEndOfItem(m_settings.PlayMode, m_settings.RepeatMode, m_sequence,
-                                           m_engine.itemCount(), m_state.CurrentFile);
+    runEndOfItem(DecideEndOfItem(m_settings.PlayMode, m_settings.RepeatMode, m_sequence, m_engine.itemCount(),
+                                 m_state.CurrentFile));
+}
+
+void Transport::runEndOfItem(EndOfItem next)
+{
+    // An entry whose file is gone is skipped as if it had played. Once every
+    // position of the order has been tried, nothing in the list can play:
+    // stop rather than try again on every tick.
+    for (int tries = 0; next.kind == EndOfItem::PlayEntry; ++tries) {
+        if (tries >= m_sequence.count()) {
+            qCDebug(lcPlayback) << "nothing in the playlist can play";
+            cmdStopClick();
+            return;
+        }
+        if (playEntry(next.index) != StartResult::FileMissing)
+            return;
+        next = DecideEndOfItem(m_settings.PlayMode, m_settings.RepeatMode, m_sequence, m_engine.itemCount(),
+                               m_state.CurrentFile);
+    }
     switch (next.kind) {
     case EndOfItem::Replay:
         cmdStopClick([this] { CMDPlayClick(); });
@@ -322,9 +387,7 @@ void Transport::tmrMovie_Timer()
     case EndOfItem::StopAndAfterPlay:
         cmdStopClick([this] { DoAfterFinishPlay(); });
         break;
-    case EndOfItem::PlayEntry:
-        playEntry(next.index);
-        break;
+    case EndOfItem::PlayEntry: // handled above
     case EndOfItem::Nothing:
         break;
     }

@@ -7,6 +7,7 @@
 
 #include "app/settings.h"
 #include "playback/playbackstate.h"
+#include "playback/player.h"
 #include "playback/playsequence.h"
 
 #include <QObject>
@@ -17,7 +18,6 @@ namespace quorvel {
 
 class Engine;
 class MenuModel;
-class Player;
 class Playlist;
 namespace playback {
 class PowerControl;
@@ -52,8 +52,11 @@ public:
     void CMDPlayClick();
     void CMDPauseClick();
     // Stops, then runs `then` once the engine has had its half second to
-    // settle; the window keeps painting meanwhile.
+    // settle; the window keeps painting meanwhile. A command given while the
+    // stop settles wins: the stop's stopped state and `then` are dropped.
     void cmdStopClick(std::function<void()> then = {});
+    // The settle time of a stop (500 ms); tests set 0.
+    void setStopSettleDelay(int ms) { m_settleTimer.setInterval(ms); }
     void cmdNextClick();
     void cmdPreviousClick();
     void cmdffMouseDown();
@@ -95,7 +98,12 @@ signals:
     void selectionMoved(int index);
 
 private:
-    void playEntry(int index);
+    StartResult playEntry(int index);
+    void step(bool forward);
+    void runEndOfItem(EndOfItem next);
+    void settleStop();
+    void cancelStop();
+    void finishStopNow();
     void rateChanged(bool increased, bool reachedLimit);
 
     Engine &m_engine;
@@ -109,6 +117,8 @@ private:
     PlaySequence m_sequence;
     QTimer m_movieTimer;
     QTimer m_rewindTimer;
+    QTimer m_settleTimer;
+    std::function<void()> m_afterStop;
     int m_rewindStep = -1;
     int m_afterPlay = AfterDoNothing;
     bool m_stopping = false;

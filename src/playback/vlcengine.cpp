@@ -14,9 +14,14 @@ VlcInstance::VlcInstance()
     const char *const args[] = {"--no-video-title-show", "--no-stats", "--no-osd"};
     m_instance = libvlc_new(static_cast<int>(std::size(args)), args);
     if (!m_instance) {
+        // libVLC often fails without a reason (no plugins found, for one);
+        // its version at least tells the user which installation to check.
         const char *err = libvlc_errmsg();
-        m_error = err ? QString::fromUtf8(err) : QStringLiteral("libVLC could not be started");
-        qCWarning(lcPlayback) << "libVLC failed to start:" << m_error;
+        m_error = QStringLiteral("libVLC %1 could not be started: ").arg(QString::fromUtf8(libvlc_get_version()))
+                  + (err ? QString::fromUtf8(err)
+                         : QStringLiteral("it gave no reason (are its plugins installed, for example "
+                                          "the package vlc-plugin-base?)"));
+        qCWarning(lcPlayback) << "engine failed to start:" << m_error;
     }
 }
 
@@ -47,10 +52,17 @@ libvlc_instance_t *VlcEngine::instance()
     return m_instance->get();
 }
 
+QString VlcEngine::failure() const
+{
+    return m_instance && !m_instance->isValid() ? m_instance->lastError() : QString();
+}
+
 void VlcEngine::createControl()
 {
     destroyControl();
-    m_hasControl = true;
+    // An engine that could not start has no controls: callers then see
+    // nothing loaded instead of an item that never leaves "Loading...".
+    m_hasControl = failure().isEmpty();
 }
 
 void VlcEngine::destroyControl()
@@ -66,11 +78,13 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
     if (!m_hasControl || m_hasItem)
         return; // a control holds one item in this program
     libvlc_instance_t *vlc = instance();
-    if (!vlc)
+    if (!vlc) {
+        m_hasControl = false;
         return;
-    const bool isLocation = mrl.contains(QStringLiteral("://"));
-    libvlc_media_t *media = isLocation ? libvlc_media_new_location(vlc, mrl.toUtf8().constData())
-                                       : libvlc_media_new_path(vlc, mrl.toUtf8().constData());
+    }
+    // A local file goes as a path, so libVLC never parses it as an address.
+    libvlc_media_t *media = IsEngineLocation(mrl) ? libvlc_media_new_location(vlc, mrl.toUtf8().constData())
+                                                  : libvlc_media_new_path(vlc, mrl.toUtf8().constData());
     if (!media) {
         qCWarning(lcPlayback) << "engine refused" << mrl;
         return;
@@ -98,6 +112,18 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
         libvlc_audio_set_volume(m_player.get(), m_volume);
     if (m_muted)
         libvlc_audio_set_mute(m_player.get(), 1);
+}
+
+QString VlcEngine::mrl() const
+{
+    libvlc_media_t *media = m_player ? libvlc_media_player_get_media(m_player.get()) : nullptr;
+    if (!media)
+        return {};
+    char *text = libvlc_media_get_mrl(media);
+    const QString result = QString::fromUtf8(text);
+    libvlc_free(text);
+    libvlc_media_release(media);
+    return result;
 }
 
 void VlcEngine::play()

@@ -49,6 +49,10 @@ public:
     void createControl() override;
     void destroyControl() override;
     bool hasControl() const override { return m_hasControl; }
+    QString failure() const override;
+    // The address the engine reads the current item from ("file:///..."),
+    // empty without an item.
+    QString mrl() const;
     void playlistAdd(const QString &mrl, const QString &name, const QStringList &options) override;
     void play() override;
     void togglePause() override;

@@ -105,6 +105,19 @@ TEST_F(PlayOrderTest, NextAndPreviousWrapAround)
               (QStringList{u"one.mp4"_qs, u"three.mp4"_qs, u"one.mp4"_qs}));
 }
 
+TEST_F(PlayOrderTest, NextRightAfterStopPlaysOnAndTheListAdvances)
+{
+    const QStringList files = clips();
+    auto q = startThree(files);
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3")).hasMatch());
+    const int before = q->log().count(QStringLiteral("started \""));
+    keys({QStringLiteral("ctrl+s"), QStringLiteral("Next")}); // Next while the stop settles
+    ASSERT_TRUE(waitForStarts(*q, before + 1)) << q->log().toStdString();
+    // The item Next started is shown as playing: it runs to its end and the list moves on.
+    const int started = q->log().count(QStringLiteral("started \""));
+    EXPECT_TRUE(waitForStarts(*q, started + 1)) << q->log().toStdString();
+}
+
 TEST_F(PlayOrderTest, FullScreenIsLeftWithEscape)
 {
     const QString file = copyOf(makeClip(QStringLiteral("e2e-long.mp4"), 8, QStringLiteral("320x240")),

@@ -8,7 +8,6 @@
 #include "support/recordingnotifier.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -38,14 +37,6 @@ struct RecordingView final : TransportView {
     void controlsChanged() override { ++repaints; }
 };
 
-void spin(int ms)
-{
-    QElapsedTimer t;
-    t.start();
-    while (t.elapsed() < ms)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-}
-
 struct TransportFixture : ::testing::Test {
     QTemporaryDir dir;
     Settings settings;
@@ -65,6 +56,8 @@ struct TransportFixture : ::testing::Test {
     {
         BuildMenu(menu);
         player.SaveVLCOptions();
+        player.setNotifier(&notifier);
+        transport.setStopSettleDelay(0);
         player.enableMediaControl(MediaAction::Stopped);
         playlist.setPlayHandler([this](int i, bool fs) { player.PlayItem(i, fs); });
         playlist.setOrderHandler([this] { transport.rebuildOrder(); });
@@ -98,6 +91,13 @@ struct TransportFixture : ::testing::Test {
         transport.sequence().setCursor(i);
         player.PlayItem(i, false);
     }
+    // Lets a pending stop settle (at least one pass of the event loop).
+    void settle()
+    {
+        do
+            QCoreApplication::processEvents();
+        while (transport.isStopping());
+    }
     int playingIndex() const { return playlist.fullPaths().indexOf(state.CurrentFile); }
 };
 
@@ -125,7 +125,8 @@ TEST_F(TransportFixture, ContinuousRepeatAllCyclesAndNoRepeatStopsThenRunsTheAct
     endItem(); // the last: stop, wait, then the action
     EXPECT_TRUE(state.IsStopped);
     EXPECT_EQ(view.closes, 0); // not before the stop has settled
-    spin(700);
+    EXPECT_TRUE(transport.isStopping());
+    settle();
     EXPECT_EQ(view.closes, 1);
     EXPECT_FALSE(state.MediaLoaded);
     EXPECT_TRUE(state.IsHalted && state.IsStopped);
@@ -139,7 +140,7 @@ TEST_F(TransportFixture, SingleRepeatPlaysTheSameItemOnTheSameControl)
     start(1);
     const int controls = engine.controlsCreated;
     endItem();
-    spin(700);
+    settle();
     EXPECT_EQ(engine.controlsCreated, controls);
     EXPECT_EQ(engine.calls.mid(engine.calls.size() - 2), (QStringList{u"stop"_qs, u"play"_qs}));
     EXPECT_TRUE(state.MediaLoaded);
@@ -162,7 +163,7 @@ TEST_F(TransportFixture, ShufflePlaysEachItemOnceARound)
     std::sort(played.begin(), played.end());
     EXPECT_EQ(played, (QList<int>{0, 1, 2, 3, 4}));
     endItem();
-    spin(700);
+    settle();
     EXPECT_TRUE(state.IsStopped);
     EXPECT_TRUE(menu.isChecked(u"PMShuffle"_qs));
 }
@@ -177,7 +178,7 @@ TEST_F(TransportFixture, NormalModeStopsAndAsksForPowerOff)
     EXPECT_FALSE(menu.isChecked(u"Donothing"_qs));
     start(0);
     endItem();
-    spin(700);
+    settle();
     EXPECT_EQ(power.requests, QStringList{u"powerOff"_qs});
     EXPECT_EQ(playingIndex(), 0);
     transport.DoAfter(AfterRestart);
@@ -261,4 +262,72 @@ TEST_F(TransportFixture, RewindStepsBackAThousandthPerTick)
     transport.cmdMuteClick();
     EXPECT_TRUE(state.IsMuted && engine.muted);
     EXPECT_EQ(view.repaints, 1);
+}
+
+TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
+{
+    addFiles(3);
+    transport.PBCont();
+    const std::vector<std::pair<const char *, std::function<void()>>> commands{
+        {"next", [&] { transport.cmdNextClick(); }},
+        {"play", [&] { transport.CMDPlayClick(); }},
+        {"pause", [&] { transport.CMDPauseClick(); }},
+        {"double-click", [&] { start(2); }},
+    };
+    for (const auto &[name, command] : commands) {
+        start(0);
+        bool followUp = false;
+        transport.cmdStopClick([&] { followUp = true; });
+        command();
+        settle();
+        EXPECT_TRUE(state.MediaLoaded && !state.IsHalted && !state.IsStopped) << name;
+        EXPECT_FALSE(followUp) << name;
+        // The monitor follows the item again, up to its end and the advance.
+        engine.scriptedTime = 1000;
+        engine.scriptedLength = 3000;
+        transport.tmrMovie_Timer();
+        EXPECT_EQ(view.time, u"00:00:01 / 00:00:03"_qs) << name;
+        const QString before = state.CurrentFile;
+        endItem();
+        EXPECT_NE(state.CurrentFile, before) << name;
+    }
+}
+
+TEST_F(TransportFixture, DeletedFilesAreSkippedSaidOnceAndAllGoneStops)
+{
+    addFiles(3);
+    transport.PBCont();
+    transport.RepeatAll();
+    const QStringList paths = playlist.fullPaths();
+    auto missing = [](const QString &p) { return u"Cannot open file <"_qs + p + u">\r\nThe file was not found."_qs; };
+    start(0);
+    QFile::remove(paths[1]);
+    endItem(); // 0 -> (1) -> 2
+    EXPECT_EQ(playingIndex(), 2);
+    endItem(); // 2 -> 0
+    endItem(); // 0 -> (1) -> 2, not said again
+    EXPECT_EQ(playingIndex(), 2);
+    transport.cmdPreviousClick(); // 2 -> (1) -> 0
+    EXPECT_EQ(playingIndex(), 0);
+    EXPECT_EQ(notifier.texts(), QStringList{missing(paths[1])});
+
+    QFile::remove(paths[0]);
+    QFile::remove(paths[2]);
+    endItem(); // nothing can play: stop instead of trying on every tick
+    settle();
+    EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
+    EXPECT_EQ(notifier.texts(), (QStringList{missing(paths[1]), missing(paths[2]), missing(paths[0])}));
+}
+
+TEST_F(TransportFixture, WithAnEngineThatCannotStartPlayAndPauseKeepTheStoppedState)
+{
+    addFiles(1);
+    engine.scriptedFailure = u"libVLC could not be started"_qs;
+    start(0);
+    transport.CMDPlayClick();
+    transport.CMDPauseClick();
+    transport.tmrMovie_Timer();
+    EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
+    EXPECT_FALSE(view.rateVisible); // never "Loading..."
+    EXPECT_EQ(notifier.messages.size(), 1u);
 }

@@ -86,3 +86,21 @@ TEST(VlcEngine, AFileThatCannotBeOpenedNeverPlays)
         << engine.state();
     EXPECT_EQ(engine.length(), 0);
 }
+
+TEST(VlcEngine, LocalFilesGoAsPathsAndOnlyExplicitUrisAsLocations)
+{
+    const struct {
+        QString given, mrl;
+    } cases[] = {
+        {u"/media/usb/http://example.com/v \u00e4#.mp4"_qs, u"file:///media/usb/http%3A//example.com/v%20%C3%A4%23.mp4"_qs},
+        {u"/m/say \"hi\".mp4"_qs, u"file:///m/say%20%22hi%22.mp4"_qs},
+        {u"dvd:///dev/sr0"_qs, u"dvd:///dev/sr0"_qs},
+        {u"http://example.com/v.mp4"_qs, u"http://example.com/v.mp4"_qs},
+    };
+    VlcEngine engine(nullptr);
+    for (const auto &c : cases) {
+        engine.createControl();
+        engine.playlistAdd(c.given, QString(), {});
+        EXPECT_EQ(engine.mrl().toStdString(), c.mrl.toStdString()) << c.given.toStdString();
+    }
+}

@@ -21,6 +21,7 @@ public:
     double scriptedTime = 0;
     double scriptedLength = 0;
     bool scriptedVout = true;
+    QString scriptedFailure; // an engine that cannot start
 
     // What happened.
     QStringList calls;
@@ -33,7 +34,14 @@ public:
     bool fullscreen = false;
     double lastSetPosition = -1;
 
-    void createControl() override { log("create"); control = true; ++controlsCreated; items.clear(); }
+    void createControl() override
+    {
+        log("create");
+        control = scriptedFailure.isEmpty();
+        ++controlsCreated;
+        items.clear();
+    }
+    QString failure() const override { return scriptedFailure; }
     void destroyControl() override { log("destroy"); control = false; items.clear(); }
     bool hasControl() const override { return control; }
     void playlistAdd(const QString &mrl, const QString &, const QStringList &options) override

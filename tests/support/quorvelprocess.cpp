@@ -81,6 +81,13 @@ QuorvelProcess::~QuorvelProcess()
     }
 }
 
+void QuorvelProcess::setVariable(const QString &name, const QString &value)
+{
+    QProcessEnvironment env = m_process->processEnvironment();
+    env.insert(name, value);
+    m_process->setProcessEnvironment(env);
+}
+
 void QuorvelProcess::start(const QStringList &arguments)
 {
     m_process->setArguments(arguments);

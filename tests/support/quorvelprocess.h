@@ -34,6 +34,8 @@ public:
     QuorvelProcess(const Sandbox &sandbox, const QString &display);
     ~QuorvelProcess();
 
+    // Sets an environment variable for the next start.
+    void setVariable(const QString &name, const QString &value);
     void start(const QStringList &arguments);
     bool waitForStarted();
     // Waits until the trace holds a line matching `pattern`; returns the match.
