@@ -1,5 +1,7 @@
 #include "notifier.h"
 
+#include "common/logging.h"
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
@@ -72,6 +74,7 @@ void MessageBoxNotifier::notify(Icon icon, const QString &text)
                                 : new QMessageBox(kind, QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(QStringLiteral("QuorvelMessage"));
+    qCDebug(lcApp).noquote() << "message shown:" << QString(text).replace(QStringLiteral("\r\n"), QStringLiteral(" | "));
     box->open();
 }
 
