@@ -231,6 +231,15 @@ void checkRefusesWhatIsNotMediaWithAReason(ProbeEngine engine)
     }
 }
 
+// Both ways of reading a file, the tools and the libraries, must pass.
+TEST(Probe, RefusesWhatIsNotMediaWithAReason)
+{
+    for (const ProbeEngine engine : {ProbeEngine::Tools, ProbeEngine::Libraries}) {
+        SCOPED_TRACE(engine == ProbeEngine::Tools ? "tools" : "libraries");
+        checkRefusesWhatIsNotMediaWithAReason(engine);
+    }
+}
+
 // A file the libraries cannot finish in time is refused with its own reason,
 // and the next file is probed as usual.
 TEST(Probe, AFileThatPassesTheDeadlineIsRefused)
