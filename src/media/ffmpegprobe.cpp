@@ -39,6 +39,12 @@ QString toolPathOf(const QString &path)
 
 } // namespace
 
+QString ProbeTimeoutText(int milliseconds)
+{
+    return QStringLiteral("Reading the file took longer than %1 seconds; the drive or share it lies on may not be answering.")
+        .arg(QString::number(milliseconds / 1000.0, 'g', 3));
+}
+
 bool IsMpegFile(const QString &path)
 {
     static const QStringList mpeg{QStringLiteral("mpg"), QStringLiteral("vob"), QStringLiteral("mpeg"),
@@ -97,6 +103,21 @@ ProbeResult FfmpegProbe::probe(const QString &path)
 bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source, ProbeResult &result) const
 {
     source.reset();
+    // A pipe or device would block the reader until someone writes to it;
+    // only regular files are read at all.
+    const QFileInfo info(fileName);
+    if (!info.exists()) {
+        result.error = kFileNotFound;
+        return false;
+    }
+    if (!info.isFile()) {
+        result.error = kNotAFile;
+        return false;
+    }
+    if (!info.isReadable()) {
+        result.error = kFileUnreadable;
+        return false;
+    }
     QTemporaryDir work; // private work files: parallel probes never meet
     if (!work.isValid()) {
         result.error = QStringLiteral("No room for the probe's work files.");
@@ -107,7 +128,13 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
     QString report;
     if (m_engine == ProbeEngine::Libraries) {
         // The command line heads the text as it heads the tool's work file.
-        report = CommandLineText(ffmpeg, reportArgs) + QStringLiteral("\r\n") + LibavReport(fileName);
+        bool timedOut = false;
+        report = CommandLineText(ffmpeg, reportArgs) + QStringLiteral("\r\n") + LibavReport(fileName, m_deadlineMs, &timedOut);
+        if (timedOut) {
+            qCWarning(lcMedia) << "probe deadline passed for" << fileName;
+            result.error = ProbeTimeoutText(m_deadlineMs);
+            return false;
+        }
     } else {
         const QString analyse = work.filePath(QStringLiteral("analyse.txt"));
         RunPiped(ffmpeg, reportArgs, analyse);
@@ -139,8 +166,14 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
 
     if (IsMpegFile(fileName)) {
         const QString mpgtxOut = work.filePath(QStringLiteral("mpgtx.txt"));
-        RunPiped(ToolPath(QStringLiteral("mpgtx")), {QStringLiteral("-i"), QFileInfo(fileName).absoluteFilePath()}, mpgtxOut);
-        const MpgtxDetails d = ParseMpgtxReport(readText(mpgtxOut));
+        MpgtxDetails d;
+        try {
+            RunPiped(ToolPath(QStringLiteral("mpgtx")), {QStringLiteral("-i"), QFileInfo(fileName).absoluteFilePath()}, mpgtxOut);
+            d = ParseMpgtxReport(readText(mpgtxOut));
+        } catch (const ProcessError &e) {
+            // mpgtx only refines ffmpeg's figures; without it they stand.
+            qCWarning(lcMedia) << "mpgtx not run:" << e.what();
+        }
         DeleteIfExists(mpgtxOut);
         for (StreamEntry &e : source.Streams) {
             if (!e.isVideo())
@@ -178,7 +211,7 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
             e.DisplayAR = 1;
         const QSize size = ThumbnailSize(e.Width, e.Height);
         e.Image = m_engine == ProbeEngine::Libraries
-            ? LibavFrame(fileName, size.width(), size.height(), ThumbnailOffset(source.Duration))
+            ? LibavFrame(fileName, size.width(), size.height(), ThumbnailOffset(source.Duration), m_deadlineMs)
             : ExtractThumbnail(toolPathOf(fileName), size.width(), size.height(), ThumbnailOffset(source.Duration),
                                work.filePath(QStringLiteral("img.jpg")));
         if (e.Image.isNull()) {
@@ -187,11 +220,21 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
             e.Image = m_tables.defaultVideoThumb;
         }
     }
+    const bool noVideo = std::none_of(source.Streams.begin(), source.Streams.end(), [](const StreamEntry &e) { return e.isVideo(); });
     if (source.StreamCount() == 1 && source.Streams[0].isAudio())
         source.Streams[0].Image = m_tables.defaultAudioThumb;
     // Several audio streams and no video: the audio picture still says what it is.
-    if (source.StreamCount() > 1 && std::none_of(source.Streams.begin(), source.Streams.end(), [](const StreamEntry &e) { return e.isVideo(); }))
+    if (source.StreamCount() > 1 && noVideo)
         source.Streams[0].Image = m_tables.defaultAudioThumb;
+    // Sound with cover art: the cover is the file's picture.
+    if (source.StreamCount() > 0 && noVideo && parsed.coverSize.width() > 0 && parsed.coverSize.height() > 0) {
+        const QSize size = ThumbnailSize(parsed.coverSize.width(), parsed.coverSize.height());
+        const QImage cover = m_engine == ProbeEngine::Libraries
+            ? LibavCoverArt(fileName, size.width(), size.height(), m_deadlineMs)
+            : ExtractCoverArt(toolPathOf(fileName), size.width(), size.height(), work.filePath(QStringLiteral("img.jpg")));
+        if (!cover.isNull())
+            source.Streams[0].Image = cover;
+    }
     source.TimeStamp = QLocale().toString(QFileInfo(fileName).lastModified(), QLocale::ShortFormat);
     return true;
 }

@@ -22,6 +22,11 @@ public:
         : m_tables(std::move(tables)), m_engine(engine) {}
     ProbeResult probe(const QString &path) override;
 
+    // How long the libraries may spend on one file before it is refused:
+    // a file on a drive or share that stops answering must not hold up the
+    // files added after it.
+    void setDeadline(int milliseconds) { m_deadlineMs = milliseconds; }
+
     // `GetVideoInformation`: fills `source`; on refusal `result.error` says why.
     bool GetVideoInformation(const QString &fileName, clsSource &source, ProbeResult &result) const;
 
@@ -33,7 +38,15 @@ public:
 private:
     MediaTables m_tables;
     ProbeEngine m_engine;
+    int m_deadlineMs = 10000;
 };
+
+// Why a file is refused before any probing.
+inline const QString kFileNotFound = QStringLiteral("The file was not found.");
+inline const QString kNotAFile = QStringLiteral("It is a folder, pipe or device, not a media file.");
+inline const QString kFileUnreadable = QStringLiteral("The file cannot be read (no permission).");
+// Why a file that the libraries could not finish in time is refused.
+QString ProbeTimeoutText(int milliseconds);
 
 // The extensions probed a second time with mpgtx.
 bool IsMpegFile(const QString &path);

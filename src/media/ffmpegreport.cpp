@@ -1,6 +1,7 @@
 #include "ffmpegreport.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
@@ -66,6 +67,9 @@ bool channelsOf(const QString &field, qint32 *out)
     if (f.contains(u':')) {
         if (!leadingInt(f.left(f.indexOf(u':')), &v))
             return false;
+        // Older reports wrote 5.1 as "5:1": five there means six.
+        if (v == 5)
+            v = 6;
     } else if (f.contains(QLatin1String("channel"))) {
         if (!leadingInt(f, &v))
             return false;
@@ -88,6 +92,18 @@ bool channelsOf(const QString &field, qint32 *out)
         }
     }
     *out = clampInt(v);
+    return true;
+}
+
+// A rate as the report prints it: "29.97 fps", "25 fps", and from a
+// thousand on "1k fps".
+bool rateOf(const QString &field, const char *unit, double *out)
+{
+    static const QRegularExpression re(QStringLiteral("^\\s*(\\d+\\.?\\d*|\\.\\d+)(k?) (\\w+)"));
+    const auto m = re.match(field);
+    if (!m.hasMatch() || m.captured(3) != QLatin1String(unit))
+        return false;
+    *out = m.captured(1).toDouble() * (m.captured(2).isEmpty() ? 1 : 1000);
     return true;
 }
 
@@ -201,11 +217,19 @@ ReportParse ParseFfmpegReport(const QString &report, const QString &fileName, co
         r.reason = reason;
         return r;
     };
+    // The file's name appears in the command line, the "Input #0" line and
+    // error lines; whatever it holds ("Input", "Audio: ", "Unknown format")
+    // must not change the verdict, so it is blanked out before any search.
+    QStringList names{QFileInfo(fileName).absoluteFilePath(), fileName};
+    names.removeAll(QString());
+    names.removeDuplicates();
     const QStringList lines = report.split(u'\n');
     for (QString line : lines) {
         if (line.endsWith(u'\r'))
             line.chop(1);
-        if (line.contains(QLatin1String("Input")))
+        for (const QString &name : std::as_const(names))
+            line.replace(name, QStringLiteral("<file>"));
+        if (line.startsWith(QLatin1String("Input #")))
             sawInput = true;
         if (line.contains(QLatin1String("Unknown format")) || line.contains(QLatin1String("could not find codec parameters")))
             return fail(kUnsupportedFormat);
@@ -231,8 +255,6 @@ ReportParse ParseFfmpegReport(const QString &report, const QString &fileName, co
             }
             if (f.size() > 2 && !channelsOf(f[2], &e.Channels))
                 return fail(kUnsupportedFormat);
-            if (e.Channels == 5)
-                e.Channels = 6;
             for (int k = 3; k < f.size(); ++k) {
                 if (f[k].contains(QLatin1String(" kb/s")) && leadingInt(f[k], &v)) {
                     e.BitRate = clampInt(v);
@@ -246,6 +268,7 @@ ReportParse ParseFfmpegReport(const QString &report, const QString &fileName, co
                 r.source.Streams.append(e);
             }
         } else if (videoAt >= 0) {
+            const bool attachedPicture = line.mid(videoAt).contains(QLatin1String("(attached pic)"));
             StreamEntry e;
             e.Type = StreamEntry::Video;
             e.Index = streamNumber;
@@ -273,12 +296,19 @@ ReportParse ParseFfmpegReport(const QString &report, const QString &fileName, co
                 double fps = 0;
                 if (f[at].contains(QLatin1String(" kb/s")) && e.BitRate == 0 && leadingInt(f[at], &v))
                     e.BitRate = clampInt(v);
-                if (f[at].contains(QLatin1String(" fps")) && leadingNumber(f[at], &fps)) {
+                if (rateOf(f[at], "fps", &fps)) {
                     e.FPS = float(fps);
                     break;
                 }
             }
-            r.source.Streams.append(e);
+            // Cover art is a picture stored with the sound, not a video:
+            // the file stays audio and the picture may become its thumbnail.
+            if (attachedPicture) {
+                if (!r.coverSize.isValid())
+                    r.coverSize = QSize(e.Width, e.Height);
+            } else {
+                r.source.Streams.append(e);
+            }
         }
 
         if (line.startsWith(QLatin1String("  Duration: "))) {

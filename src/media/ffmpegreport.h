@@ -13,6 +13,7 @@
 #include "media/mediatables.h"
 
 #include <QHash>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -36,6 +37,7 @@ struct ReportParse {
     QString reason;      // why the file is refused (when !ok)
     QStringList notices; // messages for the user, in order
     clsSource source;    // streams as found, before the completion steps
+    QSize coverSize;     // the first attached picture (cover art), when there is one
 };
 // Parses ffmpeg's report of `fileName`; `report` starts with the command line.
 ReportParse ParseFfmpegReport(const QString &report, const QString &fileName, const MediaTables &tables);

@@ -3,6 +3,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <cstdarg>
 #include <mutex>
 
@@ -53,9 +56,35 @@ public:
     ~Capture() { t_capture = nullptr; }
 };
 
-struct FormatCloser {
+// An opened input whose every blocking step (open, probing, reading) is cut
+// off by the library once the deadline has passed.
+class Input {
+public:
+    explicit Input(int timeoutMs)
+        : m_deadline(std::chrono::steady_clock::now() + std::chrono::milliseconds(std::max(timeoutMs, 0)))
+    {
+        ctx = avformat_alloc_context();
+        if (ctx)
+            ctx->interrupt_callback = {&Input::interrupted, this};
+    }
+    ~Input() { avformat_close_input(&ctx); } // also frees a context that never opened
+    Input(const Input &) = delete;
+    Input &operator=(const Input &) = delete;
+
+    // avformat_open_input's result; the context is freed on failure.
+    int open(const QByteArray &url)
+    {
+        if (!ctx)
+            return AVERROR(ENOMEM);
+        return avformat_open_input(&ctx, url.constData(), nullptr, nullptr);
+    }
+    bool pastDeadline() const { return std::chrono::steady_clock::now() >= m_deadline; }
+
     AVFormatContext *ctx = nullptr;
-    ~FormatCloser() { avformat_close_input(&ctx); }
+
+private:
+    static int interrupted(void *self) { return static_cast<const Input *>(self)->pastDeadline() ? 1 : 0; }
+    std::chrono::steady_clock::time_point m_deadline;
 };
 
 QString errorText(int err)
@@ -74,32 +103,58 @@ QByteArray urlOf(const QString &fileName)
 
 } // namespace
 
-QString LibavReport(const QString &fileName)
+QString LibavReport(const QString &fileName, int timeoutMs, bool *timedOut)
 {
     QByteArray text;
     Capture capture(&text);
-    FormatCloser f;
+    Input in(timeoutMs);
     const QByteArray path = urlOf(fileName);
-    int err = avformat_open_input(&f.ctx, path.constData(), nullptr, nullptr);
+    int err = in.open(path);
+    if (timedOut)
+        *timedOut = err == AVERROR_EXIT || (err < 0 && in.pastDeadline());
     if (err < 0)
         return QString::fromUtf8(text) + fileName + QStringLiteral(": ") + errorText(err) + u'\n';
-    err = avformat_find_stream_info(f.ctx, nullptr);
+    err = avformat_find_stream_info(in.ctx, nullptr);
+    if (in.pastDeadline()) {
+        if (timedOut)
+            *timedOut = true;
+        return QString::fromUtf8(text) + fileName + QStringLiteral(": ") + errorText(AVERROR_EXIT) + u'\n';
+    }
     if (err < 0)
         text += path + ": could not find codec parameters\n";
-    av_dump_format(f.ctx, 0, path.constData(), 0);
+    av_dump_format(in.ctx, 0, path.constData(), 0);
     return QString::fromUtf8(text);
 }
 
-QImage LibavFrame(const QString &fileName, int width, int height, float offset)
+QImage LibavCoverArt(const QString &fileName, int width, int height, int timeoutMs)
+{
+    if (width <= 0 || height <= 0)
+        return {};
+    QByteArray quiet;
+    Capture capture(&quiet);
+    Input in(timeoutMs);
+    if (in.open(urlOf(fileName)) < 0)
+        return {};
+    // The demuxer reads attached pictures while opening; no probing needed.
+    for (unsigned i = 0; i < in.ctx->nb_streams; ++i) {
+        const AVStream *st = in.ctx->streams[i];
+        if (!(st->disposition & AV_DISPOSITION_ATTACHED_PIC) || st->attached_pic.size <= 0)
+            continue;
+        const QImage picture = QImage::fromData(st->attached_pic.data, st->attached_pic.size);
+        if (!picture.isNull())
+            return picture.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    return {};
+}
+
+QImage LibavFrame(const QString &fileName, int width, int height, float offset, int timeoutMs)
 {
     if (width <= 0 || height <= 0)
         return {};
     QByteArray quiet;
     Capture capture(&quiet); // decoder chatter stays out of the terminal
-    FormatCloser f;
-    const QByteArray path = urlOf(fileName);
-    if (avformat_open_input(&f.ctx, path.constData(), nullptr, nullptr) < 0
-        || avformat_find_stream_info(f.ctx, nullptr) < 0)
+    Input f(timeoutMs);
+    if (f.open(urlOf(fileName)) < 0 || avformat_find_stream_info(f.ctx, nullptr) < 0)
         return {};
     const AVCodec *codec = nullptr;
     const int index = av_find_best_stream(f.ctx, AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);

@@ -24,11 +24,12 @@ QStringList ThumbnailArguments(const QString &fileName, int width, int height, f
             QStringLiteral("-f"), QStringLiteral("image2"), QStringLiteral("-y"), workFile};
 }
 
-QImage ExtractThumbnail(const QString &fileName, int width, int height, float offset, const QString &workFile)
+namespace {
+
+QImage runForPicture(const QStringList &arguments, const QString &workFile)
 {
     DeleteIfExists(workFile);
-    if (!ShellExecuteWait(ToolPath(QStringLiteral("ffmpeg")),
-                          ThumbnailArguments(fileName, width, height, offset, workFile)))
+    if (!ShellExecuteWait(ToolPath(QStringLiteral("ffmpeg")), arguments))
         return {};
     QImage image;
     if (QFile::exists(workFile)) {
@@ -36,6 +37,20 @@ QImage ExtractThumbnail(const QString &fileName, int width, int height, float of
         DeleteIfExists(workFile);
     }
     return image;
+}
+
+} // namespace
+
+QImage ExtractThumbnail(const QString &fileName, int width, int height, float offset, const QString &workFile)
+{
+    return runForPicture(ThumbnailArguments(fileName, width, height, offset, workFile), workFile);
+}
+
+QImage ExtractCoverArt(const QString &fileName, int width, int height, const QString &workFile)
+{
+    QStringList arguments = ThumbnailArguments(fileName, width, height, 0, workFile);
+    arguments.remove(arguments.indexOf(QStringLiteral("-ss")), 2);
+    return runForPicture(arguments, workFile);
 }
 
 } // namespace quorvel

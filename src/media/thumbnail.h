@@ -22,4 +22,8 @@ QStringList ThumbnailArguments(const QString &fileName, int width, int height, f
 // first, so a stale frame is never taken for a new one.
 QImage ExtractThumbnail(const QString &fileName, int width, int height, float offset, const QString &workFile);
 
+// The attached picture (cover art) of a sound file, the same way. A seek
+// would skip it, so the first picture is taken.
+QImage ExtractCoverArt(const QString &fileName, int width, int height, const QString &workFile);
+
 } // namespace quorvel

@@ -106,21 +106,61 @@ void Playlist::commitReady()
             request->done();
     }
     m_committing = false;
+    if (m_queue.empty())
+        sayGathered();
+}
+
+void Playlist::say(Message message)
+{
+    m_batchMessages.push_back(std::move(message));
+}
+
+void Playlist::sayGathered()
+{
+    std::vector<Message> messages;
+    messages.swap(m_batchMessages); // the notifier may run the event loop and start a new batch
+    if (messages.empty())
+        return;
+    if (messages.size() == 1) {
+        m_notifier.notify(messages.front().icon, messages.front().text);
+        return;
+    }
+    auto icon = MessageNotifier::Icon::Information;
+    QStringList refused;
+    QStringList others;
+    for (const Message &m : messages) {
+        if (m.icon == MessageNotifier::Icon::Exclamation)
+            icon = MessageNotifier::Icon::Exclamation;
+        if (m.refusedPath.isEmpty())
+            others << m.text;
+        else
+            refused << m.refusedPath + QStringLiteral("\r\n    ") + m.reason;
+    }
+    QStringList parts;
+    if (!refused.isEmpty()) {
+        parts << (refused.size() == 1 ? QStringLiteral("1 file could not be added:")
+                                      : QStringLiteral("%1 files could not be added:").arg(refused.size()))
+              << refused;
+        if (!others.isEmpty())
+            parts << QString();
+    }
+    parts << others;
+    m_notifier.notify(icon, parts.join(QStringLiteral("\r\n")));
 }
 
 void Playlist::commit(Request &request)
 {
     const QString quote(u'"');
     if (request.duplicate || IsInPlaylist(request.path)) {
-        m_notifier.notify(MessageNotifier::Icon::Information,
-                          quote + request.title + quote + QStringLiteral(" is already in your playlist"));
+        say({MessageNotifier::Icon::Information,
+             quote + request.title + quote + QStringLiteral(" is already in your playlist"), {}, {}});
     } else {
         for (const QString &notice : std::as_const(request.result.notices))
-            m_notifier.notify(MessageNotifier::Icon::Exclamation, notice);
+            say({MessageNotifier::Icon::Exclamation, notice, {}, {}});
         if (!request.result.ok) {
-            m_notifier.notify(MessageNotifier::Icon::Exclamation,
-                              QStringLiteral("Cannot open file <") + request.path + QStringLiteral(">\r\n")
-                                  + request.result.error);
+            say({MessageNotifier::Icon::Exclamation,
+                 QStringLiteral("Cannot open file <") + request.path + QStringLiteral(">\r\n") + request.result.error,
+                 request.path, request.result.error});
             return;
         }
         m_list.addItem(request.title, request.result.thumb);

@@ -6,8 +6,9 @@
 //
 // Files enter through `LoadThumb` only. Each one is probed first, on worker
 // threads so the window keeps painting; several adds run in parallel but
-// enter the list, show their messages and finish in the order they were
-// asked for.
+// enter the list and finish in the order they were asked for. What the adds
+// of one batch have to say is gathered and said once the batch is through,
+// in that order: a hundred refused files make one message, not a hundred.
 
 #include "common/notifier.h"
 #include "media/mediaprobe.h"
@@ -19,6 +20,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace quorvel {
 
@@ -66,8 +68,16 @@ signals:
 
 private:
     struct Request;
+    struct Message {
+        MessageNotifier::Icon icon;
+        QString text;
+        QString refusedPath; // set for a file that was refused
+        QString reason;
+    };
     void commitReady();
     void commit(Request &request);
+    void say(Message message);
+    void sayGathered();
 
     ThumbList &m_list;
     MediaProbe &m_probe;
@@ -78,6 +88,7 @@ private:
     std::function<void()> m_rebuildOrder;
     std::function<void(int)> m_removed;
     std::deque<std::shared_ptr<Request>> m_queue;
+    std::vector<Message> m_batchMessages; // said once the batch is through
     int m_batchDone = 0;
     int m_batchTotal = 0;
     bool m_committing = false;

@@ -61,7 +61,7 @@ TEST(FfmpegReport, ReadsTodaysFormatWithoutRefusingPlayableStreams)
     ASSERT_TRUE(r.ok) << r.reason.toStdString();
     EXPECT_TRUE(r.notices.isEmpty()) << r.notices.join(u'|').toStdString();
     EXPECT_FLOAT_EQ(r.source.StartTime, 0.021333f);
-    ASSERT_EQ(r.source.StreamCount(), 4);
+    ASSERT_EQ(r.source.StreamCount(), 3); // the attached picture is no stream
     const StreamEntry &v = r.source.Streams[0];
     EXPECT_EQ(v.Compression, u"H.264"_qs);
     EXPECT_EQ(v.Width, 1280);
@@ -76,7 +76,52 @@ TEST(FfmpegReport, ReadsTodaysFormatWithoutRefusingPlayableStreams)
     EXPECT_EQ(aac.Index, 1);
     EXPECT_EQ(r.source.Streams[2].Channels, 6);
     EXPECT_EQ(r.source.Streams[2].Compression, u"ac3"_qs);
-    EXPECT_EQ(r.source.Streams[3].Width, 0); // a cover picture: dropped later for its size
+}
+
+// One stream line each, in today's or the older format, and what it must give.
+TEST(FfmpegReport, StreamLineFigures)
+{
+    struct Case {
+        const char *line;
+        int channels = -1;
+        float fps = -1;
+    };
+    const Case cases[] = {
+        {"    Stream #0.2: Audio: ac3, 48000 Hz, 5:1, 448 kb/s", 6},     // older: five means six
+        {"  Stream #0:0: Audio: flac, 44100 Hz, 5.0, s16", 5},
+        {"  Stream #0:0: Audio: ac3, 48000 Hz, 5.0(side), fltp, 384 kb/s", 5},
+        {"  Stream #0:0: Audio: aac (LC), 48000 Hz, 5.1(side), fltp", 6},
+        {"  Stream #0:0: Audio: pcm_s16le, 48000 Hz, 5 channels, s16", 5},
+        {"  Stream #0:0: Audio: ac3, 48000 Hz, 4.1, fltp", 5},
+        {"    Stream #0.0: Video: mpeg4, yuv420p, 640x480, 25.00 fps", -1, 25},
+        {"  Stream #0:0: Video: h264, yuv420p, 64x48, 1k fps, 1k tbr, 16k tbn", -1, 1000},
+        {"  Stream #0:0: Video: h264, yuv420p, 64x48, 29.97 fps, 29.97 tbr", -1, 29.97f},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.line);
+        const ReportParse r = ParseFfmpegReport(u"Input #0\n"_qs + QString::fromUtf8(c.line), u"/m/x"_qs, tables());
+        ASSERT_TRUE(r.ok);
+        ASSERT_EQ(r.source.StreamCount(), 1);
+        if (c.channels >= 0)
+            EXPECT_EQ(r.source.Streams[0].Channels, c.channels);
+        if (c.fps >= 0)
+            EXPECT_FLOAT_EQ(r.source.Streams[0].FPS, c.fps);
+    }
+}
+
+// Cover art is listed as a video stream marked "(attached pic)": it is no
+// stream of the record, only remembered as a picture.
+TEST(FfmpegReport, AttachedPictureIsNoVideoStream)
+{
+    const ReportParse r = ParseFfmpegReport(
+        u"Input #0, mp3, from 'file:/m/song.mp3':\n  Duration: 00:00:02.04, start: 0.025056, bitrate: 134 kb/s\n"
+        "  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"
+        "  Stream #0:1: Video: png, rgb24(pc), 120x90 [SAR 1:1 DAR 4:3], 90k tbr, 90k tbn (attached pic)\n"_qs,
+        u"/m/song.mp3"_qs, tables());
+    ASSERT_TRUE(r.ok);
+    ASSERT_EQ(r.source.StreamCount(), 1);
+    EXPECT_TRUE(r.source.Streams[0].isAudio());
+    EXPECT_EQ(r.coverSize, QSize(120, 90));
 }
 
 TEST(FfmpegReport, RefusalsAndRefusedAudio)
@@ -89,8 +134,17 @@ TEST(FfmpegReport, RefusalsAndRefusedAudio)
     EXPECT_EQ(r.reason, kIncompleteFile);
     r = ParseFfmpegReport(u"Input #0\n[mov] could not find codec parameters\n"_qs, u"x"_qs, t);
     EXPECT_EQ(r.reason, kUnsupportedFormat);
-    // A file named "Input" passes the input test through the command line.
-    r = ParseFfmpegReport(u"ffmpeg -i /Input.mp4\n  Duration: 00:00:02.00, start: 0\n"_qs, u"/Input.mp4"_qs, t);
+    // The file's name never changes the verdict, whatever words it holds.
+    for (const QString &name : {u"/Inputs/Input #0.mp4"_qs, u"/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4"_qs}) {
+        SCOPED_TRACE(name.toStdString());
+        r = ParseFfmpegReport(u"ffmpeg -hide_banner -i file:"_qs + name + u"\r\nfile:"_qs + name
+                                  + u": Invalid data found when processing input\n"_qs,
+                              name, t);
+        EXPECT_FALSE(r.ok);
+    }
+    r = ParseFfmpegReport(u"ffmpeg -i file:/m/Unknown format.mp3\nInput #0, mp3, from 'file:/m/Unknown format.mp3':\n"
+                          "  Duration: 00:00:02.00, start: 0\n  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"_qs,
+                          u"/m/Unknown format.mp3"_qs, t);
     EXPECT_TRUE(r.ok);
     // A refused codec drops its stream with a message; the file goes on.
     r = ParseFfmpegReport(u"Input #0\n  Duration: 00:00:02.00, start: 0\n    Stream #0:1: Audio: wmapro, 44100 Hz, stereo, 128 kb/s\n"_qs,

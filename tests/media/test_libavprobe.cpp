@@ -80,8 +80,8 @@ TEST(LibavProbe, SameReportRefusalsAndFrameAsTheTools)
     // A frame from a later moment must not pass as the right one: the check
     // above would catch a decoder that ignores the offset.
     const QString mp4 = clips().first();
-    const QImage early = LibavFrame(mp4, 90, 68, 0.4f);
-    const QImage late = LibavFrame(mp4, 90, 68, 3.0f);
+    const QImage early = LibavFrame(mp4, 90, 68, 0.4f, 10000);
+    const QImage late = LibavFrame(mp4, 90, 68, 3.0f, 10000);
     ASSERT_FALSE(early.isNull());
     ASSERT_FALSE(late.isNull());
     EXPECT_GT(meanDifference(early, late), 12.0);
@@ -110,7 +110,7 @@ TEST(LibavProbe, SameReportRefusalsAndFrameAsTheTools)
         EXPECT_EQ(l.error, t.error);
         EXPECT_EQ(l.mediaInfo, t.mediaInfo);
     }
-    EXPECT_TRUE(LibavFrame(text, 90, 68, 1).isNull());
+    EXPECT_TRUE(LibavFrame(text, 90, 68, 1, 10000).isNull());
 }
 
 TEST(LibavProbe, ParallelProbesKeepTheirOwnReports)

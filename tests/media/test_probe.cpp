@@ -5,15 +5,18 @@
 #include "media/thumbnail.h"
 #include "support/mediagen.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtConcurrent/QtConcurrentMap>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace quorvel;
 
@@ -31,6 +34,14 @@ QStringList lavfi(const QString &video, const QString &audio)
 
 const QString kVideo = u"testsrc2=size=176x144:rate=25:duration=2"_qs;
 const QString kAudio = u"sine=frequency=330:sample_rate=44100:duration=2"_qs;
+
+// Sound with a picture attached as cover art (shown by ffmpeg as a video stream).
+QStringList coverArtArgs()
+{
+    return lavfi(u"testsrc2=size=120x90:rate=1:duration=1"_qs, kAudio)
+        + QStringList{u"-map"_qs, u"1:a"_qs, u"-map"_qs, u"0:v"_qs, u"-frames:v"_qs, u"1"_qs, u"-c:v"_qs, u"png"_qs,
+                      u"-disposition:v"_qs, u"attached_pic"_qs, u"-ac"_qs, u"2"_qs};
+}
 
 struct Sample {
     QString name;
@@ -54,6 +65,8 @@ QList<Sample> samples()
         {u"probe-pcm.wav"_qs, lavfi(QString(), kAudio), false},
         {u"probe-audio.mp3"_qs, lavfi(QString(), kAudio) + QStringList{u"-ac"_qs, u"2"_qs}, false},
         {u"probe-audio-only.m4a"_qs, lavfi(QString(), kAudio) + QStringList{u"-c:a"_qs, u"aac"_qs}, false},
+        {u"probe-five.flac"_qs, lavfi(QString(), kAudio) + QStringList{u"-af"_qs, u"aformat=channel_layouts=5.0"_qs}, false},
+        {u"probe-cover.mp3"_qs, coverArtArgs(), false},
     };
 }
 
@@ -96,6 +109,8 @@ void checkAgreesWithFfprobeOnEveryKindOfFile(ProbeEngine engine)
         int audio = 0, video = 0;
         for (const QJsonValue &v : truth[u"streams"_qs].toArray()) {
             const QJsonObject st = v.toObject();
+            if (st[u"disposition"_qs][u"attached_pic"_qs].toInt() == 1)
+                continue; // cover art, not a video
             if (st[u"codec_type"_qs] == u"video"_qs) {
                 ASSERT_LT(video, src.StreamCount());
                 auto it = std::find_if(src.Streams.begin(), src.Streams.end(), [](const StreamEntry &e) { return e.isVideo(); });
@@ -117,7 +132,11 @@ void checkAgreesWithFfprobeOnEveryKindOfFile(ProbeEngine engine)
         EXPECT_EQ(video > 0, s.video);
         if (!s.video) {
             ASSERT_EQ(src.StreamCount(), 1);
-            EXPECT_EQ(src.Streams[0].Image, tables.defaultAudioThumb);
+            if (s.name.contains(u"cover"_qs)) {
+                EXPECT_EQ(src.Streams[0].Image.size(), FfmpegProbe::ThumbnailSize(120, 90)); // its own picture
+            } else {
+                EXPECT_EQ(src.Streams[0].Image, tables.defaultAudioThumb);
+            }
         }
         if (!s.name.endsWith(u".avi"_qs))
             EXPECT_FALSE(src.IsAVI);
@@ -169,26 +188,46 @@ void checkRefusesWhatIsNotMediaWithAReason(ProbeEngine engine)
 {
     FfmpegProbe probe(programTables(), engine);
     QTemporaryDir dir;
-    const QString empty = dir.filePath(u"empty.mp4"_qs);
-    QFile(empty).open(QIODevice::WriteOnly);
-    const QString text = dir.filePath(u"notes.mp4"_qs);
-    {
-        QFile f(text);
+    const auto write = [&dir](const QString &name, const QByteArray &bytes) {
+        QFile f(dir.filePath(name));
         f.open(QIODevice::WriteOnly);
-        f.write("These are my notes, not a film.\n");
-    }
-    const QString truncated = dir.filePath(u"cut.mp4"_qs);
+        f.write(bytes);
+        return f.fileName();
+    };
+    QByteArray noise(64 * 1024, 0);
+    for (char &c : noise)
+        c = char(QRandomGenerator::global()->bounded(256));
+    QByteArray cut;
     {
         QFile whole(test::makeMedia(samples()[0].name, samples()[0].args));
         whole.open(QIODevice::ReadOnly);
-        QFile f(truncated);
-        f.open(QIODevice::WriteOnly);
-        f.write(whole.read(whole.size() / 3));
+        cut = whole.read(whole.size() / 3);
     }
-    for (const QString &path : {empty, text, truncated, dir.filePath(u"missing.mp4"_qs)}) {
-        const ProbeResult r = probe.probe(path);
-        EXPECT_FALSE(r.ok) << path.toStdString();
-        EXPECT_FALSE(r.error.isEmpty()) << path.toStdString();
+    ASSERT_TRUE(QDir(dir.path()).mkpath(u"Inputs/folder.mp4"_qs));
+    const QString fifo = dir.filePath(u"Inputs/clip.mp3"_qs);
+    ASSERT_EQ(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const struct {
+        QString path;
+        QString reason;
+    } cases[] = {
+        {write(u"empty.mp4"_qs, {}), kUnsupportedFormat},
+        {write(u"notes.mp4"_qs, "These are my notes, not a film.\n"), kUnsupportedFormat},
+        {write(u"cut.mp4"_qs, cut), QString()},
+        // The word "Input" in the path must not let junk through.
+        {write(u"Inputs/junk.mp4"_qs, noise), kUnsupportedFormat},
+        {write(u"Inputs/notes.mp4"_qs, "Input #0, mp4, from 'x':\n"), kUnsupportedFormat},
+        {dir.filePath(u"missing.mp4"_qs), kFileNotFound},
+        // A pipe would block the reader for ever; a folder is no file.
+        {fifo, kNotAFile},
+        {dir.filePath(u"Inputs/folder.mp4"_qs), kNotAFile},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.path.toStdString());
+        const ProbeResult r = probe.probe(c.path);
+        EXPECT_FALSE(r.ok);
+        EXPECT_FALSE(r.error.isEmpty());
+        if (!c.reason.isEmpty())
+            EXPECT_EQ(r.error, c.reason);
     }
 }
 
@@ -199,6 +238,38 @@ TEST(Probe, RefusesWhatIsNotMediaWithAReason)
         SCOPED_TRACE(engine == ProbeEngine::Tools ? "tools" : "libraries");
         checkRefusesWhatIsNotMediaWithAReason(engine);
     }
+}
+
+// A file the libraries cannot finish in time is refused with its own reason,
+// and the next file is probed as usual.
+TEST(Probe, AFileThatPassesTheDeadlineIsRefused)
+{
+    const QString clip = test::makeMedia(samples()[0].name, samples()[0].args);
+    FfmpegProbe probe(programTables(), ProbeEngine::Libraries);
+    probe.setDeadline(0);
+    const ProbeResult late = probe.probe(clip);
+    EXPECT_FALSE(late.ok);
+    EXPECT_EQ(late.error, ProbeTimeoutText(0));
+    probe.setDeadline(10000);
+    EXPECT_TRUE(probe.probe(clip).ok);
+}
+
+// mpgtx only adds details: without it an MPEG file keeps ffmpeg's figures.
+TEST(Probe, MpegFilesWithoutMpgtxKeepFfmpegsFigures)
+{
+    const QString path = test::makeMedia(samples()[4].name, samples()[4].args);
+    ASSERT_TRUE(path.endsWith(u".mpg"_qs));
+    QTemporaryDir noTools;
+    const QByteArray oldPath = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(noTools.path()));
+    clsSource src;
+    ProbeResult result;
+    const bool ok = FfmpegProbe(programTables(), ProbeEngine::Libraries).GetVideoInformation(path, src, result);
+    qputenv("PATH", oldPath);
+    ASSERT_TRUE(ok) << result.error.toStdString();
+    ASSERT_TRUE(src.Streams.value(0).isVideo());
+    EXPECT_EQ(src.Streams[0].Width, 176);
+    EXPECT_FLOAT_EQ(src.Streams[0].FPS, 25);
 }
 
 void checkOddPathsWorkAndParallelProbesKeepTheirOwnFrames(ProbeEngine engine)
