@@ -50,7 +50,7 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_FALSE(window.isLoading());
     EXPECT_EQ(window.windowTitle(), u"Quorvel"_qs);
     EXPECT_EQ(window.size(), QSize(388, 515));
-    EXPECT_TRUE(QFile::exists(window.tables().ConfigPath)); // defaults written at start
+    EXPECT_TRUE(QFile::exists(window.tables().ConfigPath.writePath)); // defaults written at start
     EXPECT_TRUE(window.playback().IsStopped && window.playback().IsHalted);
     // Nothing to remove, step through or control yet.
     for (const char *key : {"Remove", "RemoveAll", "Next", "Previous", "Stop", "FullScreen", "IncreaseSpeed",
@@ -80,7 +80,7 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
 
     window.settings().PlayMode = 0;
     window.close();
-    QFile cfg(window.tables().ConfigPath);
+    QFile cfg(window.tables().ConfigPath.writePath);
     ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
     const QList<QByteArray> lines = cfg.readAll().split('\n');
     ASSERT_GE(lines.size(), 46);
