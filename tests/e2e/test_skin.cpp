@@ -135,6 +135,32 @@ TEST_F(SkinTest, SeekBarVolumeKnobAndRightEdge)
     EXPECT_EQ(settledSize(), QSize(370, 515));
 }
 
+// Over the video (playlist position 4) the list is seen and takes clicks,
+// although the engine draws into a window of its own under it.
+TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
+{
+    setConfigLine(45, " 4 ");
+    auto q = launchInstance({clip()});
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]")).hasMatch()) << q->log().toStdString();
+    shoot(QStringLiteral("skin-playing-388x515-playlist4-check.png"));
+    // Below the only row the list's own dark background shows, not the video.
+    const QColor below = QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png")).pixelColor(190, 300);
+    EXPECT_LT(qAbs(below.red() - 0x1b) + qAbs(below.green() - 0x20) + qAbs(below.blue() - 0x27), 24) << below.name().toStdString();
+    // The menu strip right of the captions keeps the skin's dark picture.
+    EXPECT_LT(QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png")).pixelColor(330, 43).lightness(), 60);
+    clickAt(100, 56 + 40); // row 0
+    EXPECT_TRUE(q->waitForLog(QStringLiteral("playlist row chosen 0")).hasMatch()) << q->log().toStdString();
+    clickAt(100, 56 + 200); // below the last row
+    EXPECT_TRUE(q->waitForLog(QStringLiteral("playlist row chosen -1")).hasMatch()) << q->log().toStdString();
+
+    // The media information of the row, for a reviewer.
+    clickAt(100, 56 + 40);
+    clickAt(20, 408); // the SnapShoot button
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("media information shown")).hasMatch());
+    QThread::msleep(600);
+    ASSERT_TRUE(x().screenshot(outputDir() + QStringLiteral("/media-information.png")));
+}
+
 TEST_F(SkinTest, PicturesForReview)
 {
     {
