@@ -161,6 +161,30 @@ TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
     ASSERT_TRUE(x().screenshot(outputDir() + QStringLiteral("/media-information.png")));
 }
 
+// A stored size no screen can hold (2000000000 twips) and a position on a
+// monitor no longer attached: the window comes up on the screen, and the
+// size saved at exit is one the screen can hold.
+TEST_F(SkinTest, StoredGeometryIsKeptOnTheScreen)
+{
+    setConfigLine(8, "-1 ");  // remember the position
+    setConfigLine(9, "-1 ");  // remember the size
+    setConfigLine(41, " 90000 "); // 6000 pixels right
+    setConfigLine(42, " 90000 ");
+    setConfigLine(43, " 2000000000 ");
+    setConfigLine(44, " 2000000000 ");
+    auto q = launchInstance({});
+    EXPECT_EQ(settledSize(), QSize(1280, 1024));
+    q->terminate();
+    ASSERT_TRUE(q->waitForExit());
+    QFile cfg(m_box.configPath());
+    ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = cfg.readAll().split('\n');
+    ASSERT_GE(lines.size(), 46);
+    EXPECT_EQ(lines[41].trimmed().toInt(), 0);
+    EXPECT_EQ(lines[43].trimmed().toInt(), 1280 * 15);
+    EXPECT_EQ(lines[44].trimmed().toInt(), 1024 * 15);
+}
+
 TEST_F(SkinTest, PicturesForReview)
 {
     {
