@@ -8,17 +8,16 @@
 #include "app/panesplitter.h"
 #include "app/videoframe.h"
 #include "common/logging.h"
+#include "menus/menubarview.h"
 #include "playback/player.h"
 #include "playback/vlcengine.h"
 #include "playlist/playlist.h"
-#include "menus/menubarview.h"
 #include "skin/textellipsis.h"
 
+#include "playlist/fancylist.h"
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QHelpEvent>
-#include <QToolTip>
-#include "playlist/fancylist.h"
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -26,6 +25,7 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QScreen>
+#include <QToolTip>
 #include <QWindow>
 
 namespace quorvel {

@@ -116,7 +116,8 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
         const bool stacked = model.isStacked(usable);
         if (!item.image.isNull() && model.Thumbnails()) {
             const QRect box = model.thumbRect(i, how.scroll, usable);
-            RenderThumb(painter, item.image, box.x(), box.y(), box.width(), box.height(), model.NoThumbBlack());
+            RenderThumb(
+                painter, item.image, box.x(), box.y(), box.width(), box.height(), model.NoThumbBlack());
         }
         const QRect text = model.textRect(i, how.scroll, usable);
         const Qt::Alignment across = stacked ? Qt::AlignHCenter : Qt::AlignLeft;
@@ -141,7 +142,7 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
             painter.drawText(QRectF(text), item.text, option);
         } else {
             painter.drawText(text, across | Qt::AlignTop | Qt::TextSingleLine,
-                             fm.elidedText(item.text, Qt::ElideMiddle, text.width()));
+                fm.elidedText(item.text, Qt::ElideMiddle, text.width()));
         }
         painter.restore();
     }

@@ -158,8 +158,16 @@ TEST(ConfigFile, DamagedFilesGiveDefaultsAndAreRewritten)
 TEST(ConfigFile, TextsRoundTripWhateverCharactersTheyHold)
 {
     const QString texts[] = {
-        u"/home/ho,me/Desktop"_qs, u"/m/say \"hi\".mp4"_qs, u"\"quoted\""_qs, u",\","_qs, u"  leading blanks"_qs,
-        u"\tleading tab"_qs, u"trailing blank "_qs, u"line\nbreak\r\nand, more"_qs, u"\"\""_qs, u"Müller, 東京"_qs,
+        u"/home/ho,me/Desktop"_qs,
+        u"/m/say \"hi\".mp4"_qs,
+        u"\"quoted\""_qs,
+        u",\","_qs,
+        u"  leading blanks"_qs,
+        u"\tleading tab"_qs,
+        u"trailing blank "_qs,
+        u"line\nbreak\r\nand, more"_qs,
+        u"\"\""_qs,
+        u"Müller, 東京"_qs,
     };
     for (const QString &text : texts) {
         Settings s = unusualSettings();
@@ -172,7 +180,8 @@ TEST(ConfigFile, TextsRoundTripWhateverCharactersTheyHold)
         EXPECT_EQ(*back, s) << text.toStdString();
     }
     // Plain texts stay unquoted, as the file has always held them.
-    EXPECT_TRUE(ConfigFile::serialize(unusualSettings()).startsWith("Deutsch\r\n/media/Filme und Serien/Müller\r\n"));
+    EXPECT_TRUE(
+        ConfigFile::serialize(unusualSettings()).startsWith("Deutsch\r\n/media/Filme und Serien/Müller\r\n"));
 
     // A hand-written unquoted comma still cuts the text and shifts the rest.
     QByteArray cut = ConfigFile::serialize(unusualSettings());
@@ -219,15 +228,15 @@ TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
     enum Beside { None, Writable, ReadOnly, Directory };
     struct Case {
         Beside beside;
-        bool userSaved;     // the user's folder already holds saved settings
-        bool readsBeside;   // else the user's folder
-        bool writesBeside;  // else the user's folder
+        bool userSaved; // the user's folder already holds saved settings
+        bool readsBeside; // else the user's folder
+        bool writesBeside; // else the user's folder
     } const cases[] = {
-        {None, false, true, true},
-        {Writable, true, true, true},
-        {ReadOnly, false, true, false},
-        {ReadOnly, true, false, false},
-        {Directory, false, false, false},
+        { None, false, true, true },
+        { Writable, true, true, true },
+        { ReadOnly, false, true, false },
+        { ReadOnly, true, false, false },
+        { Directory, false, false, false },
     };
     for (const Case &c : cases) {
         QTemporaryDir dir;
@@ -263,6 +272,6 @@ TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
             EXPECT_EQ(ConfigFile::load(ConfigFile::locate(program, user), testEnvironment()).settings, mine);
         }
         // Nowhere to write: nothing is written and nothing fails.
-        EXPECT_TRUE(ConfigFile::write(ConfigLocation{where.readPath, QString()}, mine));
+        EXPECT_TRUE(ConfigFile::write(ConfigLocation { where.readPath, QString() }, mine));
     }
 }

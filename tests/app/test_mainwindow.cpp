@@ -7,15 +7,15 @@
 #include "playlist/playlist.h"
 #include "support/mediagen.h"
 
+#include "playlist/fancylist.h"
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QFile>
 #include <QHelpEvent>
-#include <QSystemTrayIcon>
-#include <QToolTip>
-#include "playlist/fancylist.h"
 #include <QMimeData>
+#include <QSystemTrayIcon>
 #include <QTemporaryDir>
+#include <QToolTip>
 #include <QUrl>
 #include <gtest/gtest.h>
 
@@ -106,9 +106,9 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
 
 TEST(MediaInfoBox, ReportLinesBecomeHeadingsAndNameValuePairs)
 {
-    const QVector<ReportRow> rows = ReportRows(
-        u"Stream information of /m/Clip : a.mp4\r\nDuration  : 5\r\nStream 0 (Video)\r\nWidth       : 320 pixels\r\n"
-        u"BitRate     : 120 Kbit\\s\r\n"_qs);
+    const QVector<ReportRow> rows = ReportRows(u"Stream information of /m/Clip : a.mp4\r\nDuration  : "
+                                               u"5\r\nStream 0 (Video)\r\nWidth       : 320 pixels\r\n"
+                                               u"BitRate     : 120 Kbit\\s\r\n"_qs);
     ASSERT_EQ(rows.size(), 5);
     EXPECT_TRUE(rows[0].isHeading());
     EXPECT_EQ(rows[0].value, u"Stream information of /m/Clip : a.mp4"_qs);

@@ -140,14 +140,20 @@ TEST_F(SkinTest, SeekBarVolumeKnobAndRightEdge)
 TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
 {
     setConfigLine(45, " 4 ");
-    auto q = launchInstance({clip()});
-    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]")).hasMatch()) << q->log().toStdString();
+    auto q = launchInstance({ clip() });
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]")).hasMatch())
+        << q->log().toStdString();
     shoot(QStringLiteral("skin-playing-388x515-playlist4-check.png"));
     // Below the only row the list's own dark background shows, not the video.
-    const QColor below = QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png")).pixelColor(190, 300);
-    EXPECT_LT(qAbs(below.red() - 0x1b) + qAbs(below.green() - 0x20) + qAbs(below.blue() - 0x27), 24) << below.name().toStdString();
+    const QColor below = QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png"))
+                             .pixelColor(190, 300);
+    EXPECT_LT(qAbs(below.red() - 0x1b) + qAbs(below.green() - 0x20) + qAbs(below.blue() - 0x27), 24)
+        << below.name().toStdString();
     // The menu strip right of the captions keeps the skin's dark picture.
-    EXPECT_LT(QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png")).pixelColor(330, 43).lightness(), 60);
+    EXPECT_LT(QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png"))
+                  .pixelColor(330, 43)
+                  .lightness(),
+        60);
     clickAt(100, 56 + 40); // row 0
     EXPECT_TRUE(q->waitForLog(QStringLiteral("playlist row chosen 0")).hasMatch()) << q->log().toStdString();
     clickAt(100, 56 + 200); // below the last row
@@ -166,8 +172,8 @@ TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
 // size saved at exit is one the screen can hold.
 TEST_F(SkinTest, StoredGeometryIsKeptOnTheScreen)
 {
-    setConfigLine(8, "-1 ");  // remember the position
-    setConfigLine(9, "-1 ");  // remember the size
+    setConfigLine(8, "-1 "); // remember the position
+    setConfigLine(9, "-1 "); // remember the size
     setConfigLine(41, " 90000 "); // 6000 pixels right
     setConfigLine(42, " 90000 ");
     setConfigLine(43, " 2000000000 ");
