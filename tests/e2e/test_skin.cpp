@@ -159,8 +159,13 @@ TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
     clickAt(100, 56 + 200); // below the last row
     EXPECT_TRUE(q->waitForLog(QStringLiteral("playlist row chosen -1")).hasMatch()) << q->log().toStdString();
 
-    // The media information of the row, for a reviewer.
+    // Hidden and shown again by the PlayList button, it is still on top.
+    clickAt(20, 490);
+    clickAt(20, 490);
     clickAt(100, 56 + 40);
+    EXPECT_TRUE(waitForCount(*q, QStringLiteral("playlist row chosen 0"), 2)) << q->log().toStdString();
+
+    // The media information of the row, for a reviewer.
     clickAt(20, 408); // the SnapShoot button
     ASSERT_TRUE(q->waitForLog(QStringLiteral("media information shown")).hasMatch());
     QThread::msleep(600);
