@@ -2,6 +2,7 @@
 // Application-wide tables built once at start-up.
 
 #include "app/commandline.h"
+#include "app/configfile.h"
 #include "media/mediatables.h"
 
 #include <QString>
@@ -10,7 +11,7 @@ namespace quorvel {
 
 struct AppTables {
     QString AppPath;     // the program folder, ending in a separator
-    QString ConfigPath;  // where "Config.cfg" is read and written
+    ConfigLocation ConfigPath; // where "Config.cfg" is read and written
     MediaTables media;   // codec maps and default pictures
     CommandLine command; // this process's command line
 };

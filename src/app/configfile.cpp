@@ -2,6 +2,7 @@
 
 #include "common/logging.h"
 
+#include <QDebug>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -59,10 +60,18 @@ public:
             return std::nullopt;
         QByteArray value;
         if (m_text[m_pos] == '"') {
-            const qsizetype close = m_text.indexOf('"', m_pos + 1);
-            const qsizetype end = close < 0 ? m_text.size() : close;
-            value = m_text.mid(m_pos + 1, end - m_pos - 1);
-            m_pos = close < 0 ? m_text.size() : close + 1;
+            // A doubled quote inside quotes stands for one quote character.
+            ++m_pos;
+            while (m_pos < m_text.size()) {
+                const qsizetype close = m_text.indexOf('"', m_pos);
+                const qsizetype end = close < 0 ? m_text.size() : close;
+                value += m_text.mid(m_pos, end - m_pos);
+                m_pos = close < 0 ? m_text.size() : close + 1;
+                if (close < 0 || m_pos >= m_text.size() || m_text[m_pos] != '"')
+                    break;
+                value += '"';
+                ++m_pos;
+            }
             // Whatever follows the closing quote up to the delimiter is dropped.
             while (m_pos < m_text.size() && !isDelimiter(m_text[m_pos]))
                 ++m_pos;
@@ -97,6 +106,19 @@ private:
     qsizetype m_pos = 0;
 };
 
+// A text is written as it is unless reading it back would change it: a
+// comma or a line break would end it early, a leading quote would be taken
+// for quoting and leading blanks would be skipped. Such a text goes in
+// quotes, with its own quotes doubled.
+QByteArray quotedWhereNeeded(QByteArray text)
+{
+    const bool plain = !text.contains(',') && !text.contains('"') && !text.contains('\r')
+        && !text.contains('\n') && !text.startsWith(' ') && !text.startsWith('\t');
+    if (plain)
+        return text;
+    return '"' + text.replace("\"", "\"\"") + '"';
+}
+
 template <typename Int>
 bool parseInteger(const QByteArray &raw, Int &out)
 {
@@ -111,17 +133,61 @@ bool parseInteger(const QByteArray &raw, Int &out)
 
 } // namespace
 
-QString ConfigFile::locate(const QString &programFolder)
+namespace {
+
+// The write bits count, not only access(2): a file the user made read-only
+// stays unwritten even for a user whom the system would let write it.
+bool isWritableFile(const QFileInfo &info)
+{
+    constexpr QFile::Permissions anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    return info.isWritable() && info.permissions().testAnyFlags(anyWrite);
+}
+
+} // namespace
+
+QDebug operator<<(QDebug debug, const ConfigLocation &location)
+{
+    QDebugStateSaver saver(debug);
+    debug.nospace() << "read " << location.readPath << ", write "
+                    << (location.writePath.isEmpty() ? QStringLiteral("nowhere") : location.writePath);
+    return debug;
+}
+
+QString ConfigFile::userFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QStringLiteral("/quorvel");
+}
+
+ConfigLocation ConfigFile::locate(const QString &programFolder)
+{
+    return locate(programFolder, userFolder());
+}
+
+ConfigLocation ConfigFile::locate(const QString &programFolder, const QString &userFolder)
 {
     const QString beside = programFolder + QStringLiteral("Config.cfg");
-    const QFileInfo folder(programFolder);
-    const QFileInfo existing(beside);
-    if (folder.isWritable() && (!existing.exists() || existing.isWritable()))
-        return beside;
-    QString dir = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-                  + QStringLiteral("/quorvel");
-    QDir().mkpath(dir);
-    return dir + QStringLiteral("/Config.cfg");
+    const QString user = userFolder + QStringLiteral("/Config.cfg");
+    const QFileInfo besideInfo(beside);
+    const bool besideIsFile = besideInfo.exists() && besideInfo.isFile();
+    if (besideIsFile && isWritableFile(besideInfo))
+        return { beside, beside };
+    if (!besideInfo.exists() && QFileInfo(programFolder).isWritable())
+        return { beside, beside };
+
+    const bool userFolderUsable = QDir().mkpath(userFolder) && QFileInfo(userFolder).isWritable();
+    const QFileInfo userInfo(user);
+    ConfigLocation where;
+    where.writePath = userFolderUsable && !(userInfo.exists() && !userInfo.isFile()) ? user : QString();
+    // Settings saved in the user's folder before win over a read-only file
+    // beside the program; until then that file's values are the user's.
+    const bool userHasSaved = userInfo.isFile() && userInfo.isReadable();
+    where.readPath = besideIsFile && besideInfo.isReadable() && !userHasSaved ? beside : user;
+    if (besideInfo.exists())
+        qCWarning(lcApp).noquote() << (besideIsFile ? "the settings file beside the program is read-only;"
+                                                    : "the settings file beside the program is not a file;")
+                                   << where;
+    return where;
 }
 
 std::optional<Settings> ConfigFile::parse(const QByteArray &contents)
@@ -154,10 +220,7 @@ QByteArray ConfigFile::serialize(const Settings &settings)
     forEachValue(settings, [&](const auto &field) {
         using T = std::remove_cvref_t<decltype(field)>;
         if constexpr (std::is_same_v<T, QString>) {
-            // A line break inside a text would shift every later value.
-            QByteArray text = field.toUtf8();
-            text.replace('\r', ' ').replace('\n', ' ');
-            out += text;
+            out += quotedWhereNeeded(field.toUtf8());
         } else {
             if (field >= 0)
                 out += ' ';
@@ -169,11 +232,11 @@ QByteArray ConfigFile::serialize(const Settings &settings)
     return out;
 }
 
-ConfigFile::LoadResult ConfigFile::load(const QString &path, const SettingsEnvironment &env)
+ConfigFile::LoadResult ConfigFile::load(const ConfigLocation &where, const SettingsEnvironment &env)
 {
     LoadResult result;
     std::optional<Settings> read;
-    QFile file(path);
+    QFile file(where.readPath);
     if (file.open(QIODevice::ReadOnly)) {
         // A settings file is small; anything huge is not ours.
         if (file.size() <= 1 << 20)
@@ -186,16 +249,20 @@ ConfigFile::LoadResult ConfigFile::load(const QString &path, const SettingsEnvir
             result.settings.DefaultFolder = env.desktopFolder;
         return result;
     }
-    qCInfo(lcApp) << "settings file missing or damaged, writing defaults:" << path;
+    qCInfo(lcApp) << "settings file missing or damaged, using defaults:" << where;
     result.settings = DefaultSettings(env);
     result.usedDefaults = true;
-    write(path, result.settings);
+    write(where, result.settings);
     return result;
 }
 
-bool ConfigFile::write(const QString &path, const Settings &settings)
+bool ConfigFile::write(const ConfigLocation &where, const Settings &settings)
 {
-    QSaveFile file(path);
+    if (where.writePath.isEmpty())
+        return true; // said once when the place was chosen
+    QSaveFile file(where.writePath);
+    // A writable file in a folder that takes no new files is written in place.
+    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly))
         return false;
     file.write(serialize(settings));

@@ -153,6 +153,7 @@ void MainWindow::connectParts()
 
 void MainWindow::onListClicked(int index)
 {
+    qCDebug(lcApp) << "playlist row chosen" << index;
     if (m_settings.PlayMode != PlayShuffle)
         m_transport->sequence().setCursor(index);
 }
@@ -228,6 +229,11 @@ void MainWindow::SetPlaylistPosition(int layoutCode)
                 m_splitter->setPaneContent(l->holder, m_listWidget);
             } else if (l->fillsVideo) {
                 const bool shown = !m_listWidget->isHidden();
+                // The engine's surface is a window of its own and would cover
+                // a list drawn into ours: over the video the list needs its
+                // own window too, stacked above the surface.
+                m_listWidget->setAttribute(Qt::WA_DontCreateNativeAncestors);
+                m_listWidget->setAttribute(Qt::WA_NativeWindow);
                 m_listWidget->setParent(this);
                 m_listWidget->setGeometry(m_splitter->geometry());
                 m_listWidget->setVisible(shown);

@@ -83,6 +83,7 @@ signals:
     void closing();
 
 protected:
+    bool event(QEvent *event) override; // the caption's tooltip
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

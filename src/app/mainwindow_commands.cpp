@@ -63,7 +63,7 @@ void MainWindow::applyTray()
     }
     if (!m_tray) {
         m_tray = new QSystemTrayIcon(windowIcon(), this);
-        m_tray->setToolTip(QCoreApplication::applicationName());
+        m_tray->setToolTip(QStringLiteral("Quorvel"));
         // The right button opens the File branch; a left click does nothing.
         m_tray->setContextMenu(m_menuView ? m_menuView->menuFor(QStringLiteral("File")) : nullptr);
     }
@@ -128,6 +128,9 @@ void MainWindow::onMenuItemClick(int position)
     } else if (key == u"RemoveAll") {
         m_playlist->removeAll();
         updatePlaylistMenuItems();
+        // The list is empty: the caption names no entry any more.
+        m_playback.CaptionText = QStringLiteral("Quorvel");
+        showCaption();
     } else if (key == u"Next") {
         t.cmdNextClick();
     } else if (key == u"Previous") {

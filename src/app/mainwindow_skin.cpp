@@ -4,18 +4,20 @@
 
 #include "mainwindow.h"
 
+#include "app/mediainfobox.h"
 #include "app/panesplitter.h"
 #include "app/videoframe.h"
 #include "common/logging.h"
+#include "menus/menubarview.h"
 #include "playback/player.h"
 #include "playback/vlcengine.h"
 #include "playlist/playlist.h"
-#include "menus/menubarview.h"
 #include "skin/textellipsis.h"
 
+#include "playlist/fancylist.h"
 #include <QCoreApplication>
 #include <QFontMetrics>
-#include "playlist/fancylist.h"
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -23,6 +25,7 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QScreen>
+#include <QToolTip>
 #include <QWindow>
 
 namespace quorvel {
@@ -36,11 +39,6 @@ void MainWindow::LoadSkinImages()
     const QImage &icon = m_skinImages.single(SkinSingle::WindowIcon);
     if (!icon.isNull())
         setWindowIcon(QIcon(QPixmap::fromImage(icon)));
-    // The menu bar lies on the skin's menu strip.
-    m_menuBar->setStyleSheet(QStringLiteral(
-        "QMenuBar { background: transparent; color: #F2FFFF; }"
-        "QMenuBar::item { background: transparent; padding: 3px 7px; }"
-        "QMenuBar::item:selected { background: rgba(255,255,255,40); border-radius: 3px; }"));
 }
 
 void MainWindow::layoutChildren()
@@ -74,6 +72,20 @@ void MainWindow::paintEvent(QPaintEvent *)
         m_painted = true;
         qCDebug(lcApp) << "first paint monotonic=" << MonotonicMs();
     }
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && !m_inFullScreen) {
+        // The caption on the title bar may be shortened; its tooltip is whole.
+        auto *help = static_cast<QHelpEvent *>(event);
+        if (SkinLayout::Compute(size()).caption.contains(help->pos()))
+            QToolTip::showText(help->globalPos(), m_playback.CaptionText, this);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QWidget::event(event);
 }
 
 void MainWindow::mouseMoveEvent(QMouseEvent *event)
@@ -256,7 +268,11 @@ void MainWindow::ToggleMaximize()
 
 void MainWindow::showMediaInformation()
 {
-    m_notifier.notify(MessageNotifier::Icon::Information, m_playlist->mediaInfo(m_playlist->list().selectedItem()));
+    auto *box = new MediaInfoBox(m_playlist->mediaInfo(m_playlist->list().selectedItem()), this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::WindowModal);
+    box->open();
+    qCDebug(lcApp) << "media information shown";
 }
 
 } // namespace quorvel

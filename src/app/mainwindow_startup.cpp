@@ -8,6 +8,7 @@
 #include "app/configfile.h"
 #include "app/instance.h"
 #include "app/videoframe.h"
+#include "app/windowplacement.h"
 #include "common/logging.h"
 #include "common/paths.h"
 #include "media/ffmpegprobe.h"
@@ -128,10 +129,7 @@ void MainWindow::LoadConfigurations()
 
 void MainWindow::SetLoadedOptions()
 {
-    if (IsSet(m_settings.RememberLastSize) && m_settings.WindowWidth > 0 && m_settings.WindowHeight > 0)
-        resize(m_settings.WindowWidth / kTwipsPerPixel, m_settings.WindowHeight / kTwipsPerPixel);
-    if (IsSet(m_settings.RememberLastPos))
-        move(m_settings.WindowLeft / kTwipsPerPixel, m_settings.WindowTop / kTwipsPerPixel);
+    RestoreWindowGeometry(*this, m_settings);
     setWindowFlag(Qt::WindowStaysOnTopHint, IsSet(m_settings.AlwaysOnTop));
     applyTray();
     if (m_playback.MediaLoaded && m_player->rebuildCaption())

@@ -8,7 +8,7 @@ namespace quorvel {
 
 MenuBarView::MenuBarView(MenuModel &model, QMenuBar *bar) : QObject(bar), m_model(model)
 {
-    bar->setStyleSheet(styleSheet());
+    bar->setStyleSheet(barStyleSheet());
     QSet<QString> parents;
     for (int i = 0; i < model.count(); ++i)
         parents.insert(model.item(i).parentKey);
@@ -95,6 +95,17 @@ QKeySequence MenuBarView::shortcutOf(const MenuItem &item)
         break;
     }
     return QKeySequence(item.shortcutModifier == 2 ? (Qt::CTRL | key) : key);
+}
+
+QString MenuBarView::barStyleSheet()
+{
+    // The bar lies on the skin's dark menu strip, which shows through; an
+    // open or pointed-at caption takes the look of the skin's menu button.
+    return QStringLiteral(
+        "QMenuBar { background: transparent; color: #F2FFFF; border: none; }"
+        "QMenuBar::item { background: transparent; padding: 3px 8px; margin: 2px 0; border-radius: 3px; }"
+        "QMenuBar::item:selected, QMenuBar::item:pressed { background: #33404D; color: #FFFFFF; }"
+        "QMenuBar::item:disabled { color: #7D8792; }");
 }
 
 QString MenuBarView::styleSheet()

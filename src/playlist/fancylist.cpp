@@ -112,11 +112,15 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
             painter.drawRect(QRect(1, top + 1, width - 3, h - 4));
         }
         const FancyListItem &item = model.item(i);
+        const int usable = width - how.textRightInset;
+        const bool stacked = model.isStacked(usable);
         if (!item.image.isNull() && model.Thumbnails()) {
-            RenderThumb(painter, item.image, model.Padding(), top + model.Padding(), model.ImageWidth(),
-                        model.ImageHeight(), model.NoThumbBlack());
+            const QRect box = model.thumbRect(i, how.scroll, usable);
+            RenderThumb(
+                painter, item.image, box.x(), box.y(), box.width(), box.height(), model.NoThumbBlack());
         }
-        const QRect text = model.textRect(i, how.scroll, width - how.textRightInset);
+        const QRect text = model.textRect(i, how.scroll, usable);
+        const Qt::Alignment across = stacked ? Qt::AlignHCenter : Qt::AlignLeft;
         painter.save();
         painter.setClipRect(text);
         painter.setPen(selected ? colours.highlightText : colours.text);
@@ -133,12 +137,12 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
         for (const QString &word : item.text.split(u' ', Qt::SkipEmptyParts))
             wordsFit = wordsFit && fm.horizontalAdvance(word) <= text.width();
         if (wordsFit) {
-            QTextOption option(Qt::AlignLeft | Qt::AlignTop);
+            QTextOption option(across | Qt::AlignTop);
             option.setWrapMode(QTextOption::WordWrap);
             painter.drawText(QRectF(text), item.text, option);
         } else {
-            painter.drawText(text, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                             fm.elidedText(item.text, Qt::ElideMiddle, text.width()));
+            painter.drawText(text, across | Qt::AlignTop | Qt::TextSingleLine,
+                fm.elidedText(item.text, Qt::ElideMiddle, text.width()));
         }
         painter.restore();
     }
@@ -153,6 +157,7 @@ FancyList::FancyList(QWidget *parent) : QWidget(parent)
     m_font = design;
     m_font.setPixelSize(qRound(design.pointSizeF()));
     m_font.setWeight(QFont::Normal);
+    m_model.setTextLineHeight(QFontMetrics(m_font).lineSpacing());
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
     setMouseTracking(true);

@@ -68,7 +68,12 @@ public:
     // Rows a paint of a surface of the given height draws.
     FancyListRows visibleRows(int scroll, int surfaceHeight) const;
     int rowTop(int index, int scroll) const { return index * m_itemHeight - scroll; }
-    QRect thumbRect(int index, int scroll) const;
+    // A list too narrow for a readable title beside the thumbnail puts the
+    // title under a smaller thumbnail instead, in the same row height.
+    bool isStacked(int surfaceWidth) const;
+    // Height of one text line, for the title under the thumbnail.
+    void setTextLineHeight(int h) { m_textLineHeight = h; }
+    QRect thumbRect(int index, int scroll, int surfaceWidth = kWide) const;
     QRect textRect(int index, int scroll, int surfaceWidth) const;
     // Scroll value that shows row index whole, starting from scroll.
     int scrollToShow(int index, int scroll, int surfaceHeight) const;
@@ -77,7 +82,11 @@ public:
     // smaller pictures and a box without size keep the picture as it is.
     QImage fitToBox(const QImage &image) const;
 
+    // Narrowest text beside the thumbnail that still shows a title.
+    static constexpr int kMinTextBeside = 96;
+
 private:
+    static constexpr int kWide = 1 << 20;
     std::vector<FancyListItem> m_items;
     int m_selected = -1;
     int m_itemHeight = 64;
@@ -86,6 +95,7 @@ private:
     int m_imageHeight = 0;
     bool m_thumbnails = true;
     bool m_noThumbBlack = false;
+    int m_textLineHeight = 15;
 };
 
 } // namespace quorvel

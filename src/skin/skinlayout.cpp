@@ -82,7 +82,9 @@ SkinLayout SkinLayout::Compute(QSize client, int playlistCode)
     l.caption = QRect(30, 8, W - 110, 14);
     l.rateLabel = QPoint(60, H - 132);
     l.timeLabelTop = H - 132;
-    l.volumeLabel = QPoint(W - 17, H - 28);
+    // Beside the track, "100" would run into the window's edge: the number
+    // stands over the track's right end instead, clear of edge and knob.
+    l.volumeLabel = QRect(W - 80, H - 42, kTrackWidth, 13);
     l.seekBar = QRect(56, H - 109, W - 112, kSeekBarHeight);
     l.volumeTrack = QRect(W - 80, H - 27, kTrackWidth, kTrackHeight);
     const int menuX[5] = {17, 62, 106, 150, 195};

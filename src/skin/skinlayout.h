@@ -57,7 +57,7 @@ struct SkinLayout {
     QRect caption;       // caption label
     QPoint rateLabel;    // top-left of the playing-rate text
     int timeLabelTop = 0; // the time text is centred horizontally
-    QPoint volumeLabel;  // top-left of the volume number
+    QRect volumeLabel; // the volume number, right-aligned over the track's end
     QRect seekBar;
     QRect volumeTrack;
     std::array<QRect, 5> menuCaptions; // "File" ... "Help"

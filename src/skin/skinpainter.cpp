@@ -156,11 +156,7 @@ void SkinPainter::paintTexts(QPainter &p, const SkinLayout &l, const SkinPaintSt
 
     p.setFont(windowFont());
     p.setPen(Qt::white);
-    // "100" is wider than the room left of the window edge: keep it inside
-    const int volumeWidth = QFontMetrics(windowFont()).horizontalAdvance(s.volumeText);
-    const int volumeLeft = std::min(l.volumeLabel.x(), l.width - 1 - volumeWidth);
-    p.drawText(QRect(volumeLeft, l.volumeLabel.y(), volumeWidth + 1, 13), Qt::AlignLeft | Qt::AlignVCenter,
-               s.volumeText);
+    p.drawText(l.volumeLabel, Qt::AlignRight | Qt::AlignVCenter, s.volumeText);
     for (int i = 0; i < int(l.menuCaptions.size()) && i < s.menuCaptions.size(); ++i)
         p.drawText(l.menuCaptions[i], Qt::AlignLeft | Qt::AlignVCenter, s.menuCaptions.at(i));
     p.restore();

@@ -1,5 +1,6 @@
 #include "app/configfile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -154,24 +155,38 @@ TEST(ConfigFile, DamagedFilesGiveDefaultsAndAreRewritten)
     EXPECT_TRUE(ConfigFile::load(path, env).usedDefaults);
 }
 
-TEST(ConfigFile, ATextWithACommaIsCutAndShiftsTheRest)
+TEST(ConfigFile, TextsRoundTripWhateverCharactersTheyHold)
 {
-    Settings s = unusualSettings();
-    s.SnapshotFolder = QStringLiteral("/a,b");
-    const std::optional<Settings> shifted = ConfigFile::parse(ConfigFile::serialize(s));
-    // "/a" and "b" take two places, so the prefix line lands on a number: damage.
-    EXPECT_FALSE(shifted.has_value());
+    const QString texts[] = {
+        u"/home/ho,me/Desktop"_qs,
+        u"/m/say \"hi\".mp4"_qs,
+        u"\"quoted\""_qs,
+        u",\","_qs,
+        u"  leading blanks"_qs,
+        u"\tleading tab"_qs,
+        u"trailing blank "_qs,
+        u"line\nbreak\r\nand, more"_qs,
+        u"\"\""_qs,
+        u"Müller, 東京"_qs,
+    };
+    for (const QString &text : texts) {
+        Settings s = unusualSettings();
+        s.Language = text;
+        s.DefaultFolder = text;
+        s.SnapshotFolder = text;
+        s.SnapshotPrefix = text;
+        const std::optional<Settings> back = ConfigFile::parse(ConfigFile::serialize(s));
+        ASSERT_TRUE(back.has_value()) << text.toStdString();
+        EXPECT_EQ(*back, s) << text.toStdString();
+    }
+    // Plain texts stay unquoted, as the file has always held them.
+    EXPECT_TRUE(
+        ConfigFile::serialize(unusualSettings()).startsWith("Deutsch\r\n/media/Filme und Serien/Müller\r\n"));
 
-    // Where only texts follow, the cut shows directly.
-    const QByteArray start = "Eng,lish\r\n";
-    const std::optional<Settings> cut = ConfigFile::parse(start + ConfigFile::serialize(s).mid(9));
-    EXPECT_FALSE(cut.has_value());
-
-    QByteArray quoted = ConfigFile::serialize(unusualSettings());
-    quoted.replace("Deutsch\r\n", "\"Deu,tsch\"\r\n");
-    const std::optional<Settings> q = ConfigFile::parse(quoted);
-    ASSERT_TRUE(q.has_value());
-    EXPECT_EQ(q->Language, u"Deu,tsch"_qs);
+    // A hand-written unquoted comma still cuts the text and shifts the rest.
+    QByteArray cut = ConfigFile::serialize(unusualSettings());
+    cut.replace("Deutsch\r\n", "Deu,tsch\r\n");
+    EXPECT_FALSE(ConfigFile::parse(cut).has_value());
 }
 
 TEST(ConfigFile, EmptyDefaultFolderBecomesTheDesktopAndFlagsCountWhenNonZero)
@@ -208,9 +223,55 @@ TEST(ConfigFile, AFailedWriteKeepsTheOldFile)
         EXPECT_EQ(readAll(path), before);
 }
 
-TEST(ConfigFile, LivesBesideAWritableProgramFolder)
+TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
 {
-    QTemporaryDir dir;
-    const QString folder = dir.path() + u'/';
-    EXPECT_EQ(ConfigFile::locate(folder), folder + u"Config.cfg"_qs);
+    enum Beside { None, Writable, ReadOnly, Directory };
+    struct Case {
+        Beside beside;
+        bool userSaved; // the user's folder already holds saved settings
+        bool readsBeside; // else the user's folder
+        bool writesBeside; // else the user's folder
+    } const cases[] = {
+        { None, false, true, true },
+        { Writable, true, true, true },
+        { ReadOnly, false, true, false },
+        { ReadOnly, true, false, false },
+        { Directory, false, false, false },
+    };
+    for (const Case &c : cases) {
+        QTemporaryDir dir;
+        const QString program = dir.filePath(u"program/"_qs);
+        const QString user = dir.filePath(u"user"_qs);
+        QDir().mkpath(program);
+        const QString beside = program + u"Config.cfg"_qs;
+        const QString userFile = user + u"/Config.cfg"_qs;
+        Settings mine = unusualSettings();
+        if (c.beside == Directory) {
+            QDir().mkpath(beside);
+        } else if (c.beside != None) {
+            ASSERT_TRUE(ConfigFile::write(beside, mine));
+        }
+        if (c.beside == ReadOnly)
+            QFile::setPermissions(beside, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+        if (c.userSaved) {
+            QDir().mkpath(user);
+            ASSERT_TRUE(ConfigFile::write(userFile, DefaultSettings(testEnvironment())));
+        }
+        const ConfigLocation where = ConfigFile::locate(program, user);
+        EXPECT_EQ(where.readPath, c.readsBeside ? beside : userFile) << int(c.beside) << c.userSaved;
+        EXPECT_EQ(where.writePath, c.writesBeside ? beside : userFile) << int(c.beside) << c.userSaved;
+
+        // A read-only file's values are the ones used, and it stays as it was.
+        const ConfigFile::LoadResult loaded = ConfigFile::load(where, testEnvironment());
+        if (c.beside == ReadOnly && !c.userSaved) {
+            EXPECT_FALSE(loaded.usedDefaults);
+            EXPECT_EQ(loaded.settings, mine);
+            mine.PlayMode = 0;
+            EXPECT_TRUE(ConfigFile::write(where, mine));
+            EXPECT_EQ(readAll(beside), ConfigFile::serialize(unusualSettings()));
+            EXPECT_EQ(ConfigFile::load(ConfigFile::locate(program, user), testEnvironment()).settings, mine);
+        }
+        // Nowhere to write: nothing is written and nothing fails.
+        EXPECT_TRUE(ConfigFile::write(ConfigLocation { where.readPath, QString() }, mine));
+    }
 }

@@ -1,17 +1,21 @@
 // The main window without a display: start-up without a file, drops on the
 // list and on the video, and the settings written on close.
 #include "app/mainwindow.h"
+#include "app/mediainfobox.h"
 #include "app/videoframe.h"
 #include "playback/player.h"
 #include "playlist/playlist.h"
 #include "support/mediagen.h"
 
+#include "playlist/fancylist.h"
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QFile>
-#include "playlist/fancylist.h"
+#include <QHelpEvent>
 #include <QMimeData>
+#include <QSystemTrayIcon>
 #include <QTemporaryDir>
+#include <QToolTip>
 #include <QUrl>
 #include <gtest/gtest.h>
 
@@ -50,7 +54,7 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_FALSE(window.isLoading());
     EXPECT_EQ(window.windowTitle(), u"Quorvel"_qs);
     EXPECT_EQ(window.size(), QSize(388, 515));
-    EXPECT_TRUE(QFile::exists(window.tables().ConfigPath)); // defaults written at start
+    EXPECT_TRUE(QFile::exists(window.tables().ConfigPath.writePath)); // defaults written at start
     EXPECT_TRUE(window.playback().IsStopped && window.playback().IsHalted);
     // Nothing to remove, step through or control yet.
     for (const char *key : {"Remove", "RemoveAll", "Next", "Previous", "Stop", "FullScreen", "IncreaseSpeed",
@@ -78,11 +82,40 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_TRUE(window.menu().isEnabled(u"Stop"_qs));
     EXPECT_TRUE(window.menu().isEnabled(u"Remove"_qs));
 
+    // The caption's tooltip holds it whole; the tray says the program's name.
+    QHelpEvent help(QEvent::ToolTip, QPoint(60, 14), window.mapToGlobal(QPoint(60, 14)));
+    QCoreApplication::sendEvent(&window, &help);
+    EXPECT_EQ(QToolTip::text(), window.windowTitle());
+    window.settings().ShowInTray = 1;
+    window.SetLoadedOptions();
+    ASSERT_TRUE(window.findChild<QSystemTrayIcon *>());
+    EXPECT_EQ(window.findChild<QSystemTrayIcon *>()->toolTip(), u"Quorvel"_qs);
+    window.settings().ShowInTray = 0;
+    // With the list emptied the caption names no file.
+    window.menu().choose(window.menu().IndexOfKey(u"RemoveAll"_qs));
+    EXPECT_EQ(window.windowTitle(), u"Quorvel"_qs);
+
     window.settings().PlayMode = 0;
     window.close();
-    QFile cfg(window.tables().ConfigPath);
+    QFile cfg(window.tables().ConfigPath.writePath);
     ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
     const QList<QByteArray> lines = cfg.readAll().split('\n');
     ASSERT_GE(lines.size(), 46);
     EXPECT_EQ(lines[2], " 0 \r");
+}
+
+TEST(MediaInfoBox, ReportLinesBecomeHeadingsAndNameValuePairs)
+{
+    const QVector<ReportRow> rows = ReportRows(u"Stream information of /m/Clip : a.mp4\r\nDuration  : "
+                                               u"5\r\nStream 0 (Video)\r\nWidth       : 320 pixels\r\n"
+                                               u"BitRate     : 120 Kbit\\s\r\n"_qs);
+    ASSERT_EQ(rows.size(), 5);
+    EXPECT_TRUE(rows[0].isHeading());
+    EXPECT_EQ(rows[0].value, u"Stream information of /m/Clip : a.mp4"_qs);
+    EXPECT_EQ(rows[1].label, u"Duration"_qs);
+    EXPECT_EQ(rows[1].value, u"5"_qs);
+    EXPECT_TRUE(rows[2].isHeading());
+    EXPECT_EQ(rows[3].label, u"Width"_qs);
+    EXPECT_EQ(rows[3].value, u"320 pixels"_qs);
+    EXPECT_EQ(rows[4].value, u"120 Kbit\\s"_qs);
 }

@@ -135,6 +135,67 @@ TEST_F(SkinTest, SeekBarVolumeKnobAndRightEdge)
     EXPECT_EQ(settledSize(), QSize(370, 515));
 }
 
+// Over the video (playlist position 4) the list is seen and takes clicks,
+// although the engine draws into a window of its own under it.
+TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
+{
+    setConfigLine(45, " 4 ");
+    auto q = launchInstance({ clip() });
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]")).hasMatch())
+        << q->log().toStdString();
+    shoot(QStringLiteral("skin-playing-388x515-playlist4-check.png"));
+    // Below the only row the list's own dark background shows, not the video.
+    const QColor below = QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png"))
+                             .pixelColor(190, 300);
+    EXPECT_LT(qAbs(below.red() - 0x1b) + qAbs(below.green() - 0x20) + qAbs(below.blue() - 0x27), 24)
+        << below.name().toStdString();
+    // The menu strip right of the captions keeps the skin's dark picture.
+    EXPECT_LT(QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png"))
+                  .pixelColor(330, 43)
+                  .lightness(),
+        60);
+    clickAt(100, 56 + 40); // row 0
+    EXPECT_TRUE(q->waitForLog(QStringLiteral("playlist row chosen 0")).hasMatch()) << q->log().toStdString();
+    clickAt(100, 56 + 200); // below the last row
+    EXPECT_TRUE(q->waitForLog(QStringLiteral("playlist row chosen -1")).hasMatch()) << q->log().toStdString();
+
+    // Hidden and shown again by the PlayList button, it is still on top.
+    clickAt(20, 490);
+    clickAt(20, 490);
+    clickAt(100, 56 + 40);
+    EXPECT_TRUE(waitForCount(*q, QStringLiteral("playlist row chosen 0"), 2)) << q->log().toStdString();
+
+    // The media information of the row, for a reviewer.
+    clickAt(20, 408); // the SnapShoot button
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("media information shown")).hasMatch());
+    QThread::msleep(600);
+    ASSERT_TRUE(x().screenshot(outputDir() + QStringLiteral("/media-information.png")));
+}
+
+// A stored size no screen can hold (2000000000 twips) and a position on a
+// monitor no longer attached: the window comes up on the screen, and the
+// size saved at exit is one the screen can hold.
+TEST_F(SkinTest, StoredGeometryIsKeptOnTheScreen)
+{
+    setConfigLine(8, "-1 "); // remember the position
+    setConfigLine(9, "-1 "); // remember the size
+    setConfigLine(41, " 90000 "); // 6000 pixels right
+    setConfigLine(42, " 90000 ");
+    setConfigLine(43, " 2000000000 ");
+    setConfigLine(44, " 2000000000 ");
+    auto q = launchInstance({});
+    EXPECT_EQ(settledSize(), QSize(1280, 1024));
+    q->terminate();
+    ASSERT_TRUE(q->waitForExit());
+    QFile cfg(m_box.configPath());
+    ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = cfg.readAll().split('\n');
+    ASSERT_GE(lines.size(), 46);
+    EXPECT_EQ(lines[41].trimmed().toInt(), 0);
+    EXPECT_EQ(lines[43].trimmed().toInt(), 1280 * 15);
+    EXPECT_EQ(lines[44].trimmed().toInt(), 1024 * 15);
+}
+
 TEST_F(SkinTest, PicturesForReview)
 {
     {

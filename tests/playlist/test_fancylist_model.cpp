@@ -139,6 +139,17 @@ TEST(FancyListModel, VisibleRowsAndRowRectangles)
     EXPECT_EQ(text.right() + 1, 300 - 8);
     EXPECT_EQ(text.bottom() + 1, 80);
     EXPECT_EQ(m.textRect(2, 30, 300).top(), 160 - 30 + 8);
+    // At the default window size the list is 119 pixels wide: the title goes
+    // under a smaller picture, across the row, two lines high.
+    EXPECT_FALSE(m.isStacked(300));
+    ASSERT_TRUE(m.isStacked(119));
+    const QRect narrowThumb = m.thumbRect(0, 0, 119);
+    const QRect narrowText = m.textRect(0, 0, 119);
+    EXPECT_EQ(narrowText.width(), 119 - 16);
+    EXPECT_GT(narrowText.top(), narrowThumb.bottom());
+    EXPECT_GE(narrowText.height(), 2 * 15);
+    EXPECT_LE(narrowText.bottom(), 79);
+    EXPECT_GE(narrowThumb.height(), 40);
     m.setThumbnails(false);
     EXPECT_EQ(m.textRect(0, 0, 300).left(), 8);
 }

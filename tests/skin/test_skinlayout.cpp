@@ -54,7 +54,8 @@ void ExpectTable(const SkinLayout &l)
     EXPECT_EQ(l.rateLabel, QPoint(60, H - 132));
     EXPECT_EQ(l.timeLabelTop, H - 132);
     EXPECT_EQ(l.timeLabelLeft(127), (W - 127) / 2);
-    EXPECT_EQ(l.volumeLabel, QPoint(W - 17, H - 28));
+    EXPECT_EQ(l.volumeLabel.right(), l.volumeTrack.right());
+    EXPECT_LT(l.volumeLabel.bottom(), l.volumeTrack.top());
     EXPECT_EQ(l.seekBar, QRect(56, H - 109, W - 112, 14));
     EXPECT_EQ(l.volumeTrack, QRect(W - 80, H - 27, 61, 12));
     EXPECT_EQ(l.menuCaptions[0], QRect(17, 35, 45, 13));
