@@ -1,15 +1,18 @@
 #include "notifier.h"
 
+#include "common/logging.h"
+
 #include <QMessageBox>
 #include <cstdio>
 
-namespace quorvel {
+namespace quorvel
+{
 
 void MessageBoxNotifier::notify(Icon icon, const QString &text)
 {
-    auto *box = new QMessageBox(icon == Icon::Information ? QMessageBox::Information
-                                                          : QMessageBox::Warning,
-                                QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
+    qCDebug(lcApp).noquote() << "message:" << text;
+    auto *box = new QMessageBox(icon == Icon::Information ? QMessageBox::Information : QMessageBox::Warning,
+        QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(QStringLiteral("QuorvelMessage"));
     box->open();

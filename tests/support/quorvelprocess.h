@@ -10,10 +10,12 @@
 #include <QTemporaryDir>
 #include <memory>
 
-namespace quorvel::test {
+namespace quorvel::test
+{
 
 // A program folder and a user of its own.
-class Sandbox {
+class Sandbox
+{
 public:
     Sandbox();
     bool isValid() const { return m_dir.isValid(); }
@@ -29,18 +31,24 @@ private:
     QTemporaryDir m_dir;
 };
 
-class QuorvelProcess {
+class QuorvelProcess
+{
 public:
     QuorvelProcess(const Sandbox &sandbox, const QString &display);
     ~QuorvelProcess();
 
     void start(const QStringList &arguments);
+    // Runs `script` with /bin/sh instead, the program's path in $QUORVEL.
+    void startShell(const QString &script);
+    // For the next start: sets `name`, or removes it when `value` is null.
+    void setEnv(const QString &name, const QString &value);
+    void setWorkingDirectory(const QString &dir) { m_process->setWorkingDirectory(dir); }
     bool waitForStarted();
     // Waits until the trace holds a line matching `pattern`; returns the match.
     QRegularExpressionMatch waitForLog(const QString &pattern, int timeoutMs = 30000);
     bool waitForExit(int timeoutMs = 30000);
-    void terminate();  // SIGTERM
-    void kill();       // SIGKILL
+    void terminate(); // SIGTERM
+    void kill(); // SIGKILL
     QString log();
     int exitCode() const { return m_process->exitCode(); }
     QProcess::ExitStatus exitStatus() const { return m_process->exitStatus(); }
