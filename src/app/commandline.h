@@ -20,7 +20,8 @@ struct CommandLine {
     // `arguments` without the program name.
     static CommandLine parse(const QStringList &arguments, const QString &workingFolder);
 
-    // The hand-off carries the whole list in one message.
+    // The hand-off carries the whole list in one message (in consecutive
+    // ones only when it outgrows the message limit).
     QString handOffText() const;
     // The files of a received message; empty when the text is not one.
     static QStringList filesOf(const QString &handOffText);

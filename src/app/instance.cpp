@@ -317,18 +317,6 @@ SendResult send(
     }
 }
 
-bool endpointAlive(const QString &name)
-{
-    sockaddr_un address;
-    if (!toAddress(name, &address))
-        return false;
-    Fd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (socket.get() < 0)
-        return false;
-    const int r = ::connect(socket.get(), reinterpret_cast<sockaddr *>(&address), sizeof(address));
-    return r == 0 || errno == EAGAIN || errno == EINPROGRESS;
-}
-
 } // namespace handoff
 
 } // namespace quorvel

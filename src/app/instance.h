@@ -114,8 +114,6 @@ struct SendTimes {
 // Sends `text`; `received` runs once the receiver has confirmed the receipt.
 SendResult send(const QString &name, const QString &text, const SendTimes &times = {},
     const std::function<void()> &received = {});
-// True when a process listens on the endpoint.
-bool endpointAlive(const QString &name);
 } // namespace handoff
 
 } // namespace quorvel

@@ -62,6 +62,7 @@ struct StartupDecision {
     };
     Outcome outcome = Outcome::BecomeInstance;
     ListeningEndpoints endpoints;
+    QStringList files; // for BecomeInstance: the files this start opens itself
     QString message;
     quint64 turn = 0; // this start's place in the order of negotiation
 };
@@ -75,7 +76,9 @@ public:
     static QString defaultLockPath();
 
 private:
-    StartupDecision becomeInstance(quint64 turn);
+    StartupDecision becomeInstance(quint64 turn, const QStringList &files);
+    // The first files of `files` whose message stays within the size limit.
+    static QStringList firstPart(const QStringList &files);
 
     InstanceChannel &m_channel;
     StartupLock m_lock;

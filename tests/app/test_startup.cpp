@@ -119,6 +119,27 @@ TEST(StartupNegotiator, HandsOverOrBecomesTheInstanceAndNeverDropsFilesSilently)
     }
 }
 
+TEST(StartupNegotiator, AListTooLongForOneMessageGoesInPartsInOrder)
+{
+    QTemporaryDir dir;
+    FakeChannel channel;
+    channel.registry = { u"/run/quorvel-1-77-cmd"_qs, u"/run/quorvel-1-77-chk"_qs };
+    channel.script = QList<SendResult>(10, SendResult::Done);
+    CommandLine command;
+    for (int i = 0; i < 2000; ++i)
+        command.files << u"/m/%1 \"quoted\" name.mp4"_qs.arg(i, 80, 10, QChar(u'0'));
+    const StartupDecision d = StartupNegotiator(channel, dir.filePath(u"lock"_qs)).decide(command, false);
+    EXPECT_EQ(d.outcome, StartupDecision::Outcome::HandedOver);
+    QStringList arrived;
+    for (const QString &s : std::as_const(channel.sent)) {
+        const QString text = s.section(u' ', 1);
+        EXPECT_LE(text.toUtf8().size(), handoff::kMaxMessageBytes);
+        arrived << CommandLine::filesOf(text);
+    }
+    EXPECT_GT(channel.sent.size(), 1);
+    EXPECT_EQ(arrived, command.files);
+}
+
 TEST(StartupNegotiator, StartsAtOnceMakeOneInstanceThatGetsEveryFileInTurnOrder)
 {
     QTemporaryDir dir;

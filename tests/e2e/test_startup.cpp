@@ -323,10 +323,10 @@ TEST_F(E2eTest, VideoShowsOnAWaylandSession)
     q->setEnv(QStringLiteral("WAYLAND_DISPLAY"), m_box.path(QStringLiteral("runtime/wayland-gone")));
     q->setEnv(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
     q->start({ file });
-    ASSERT_TRUE(q->waitForLog(QStringLiteral("running instance ready.* on \"xcb\"")).hasMatch())
-        << q->log().toStdString();
     ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch())
         << q->log().toStdString();
     // Qt went to X11 straight away instead of trying the Wayland display first.
     EXPECT_FALSE(q->log().contains(QStringLiteral("\"wayland\""))) << q->log().toStdString();
+    EXPECT_TRUE(q->log().contains(QStringLiteral("running instance ready, process"))
+                && q->log().contains(QStringLiteral(" on \"xcb\"")));
 }
