@@ -8,11 +8,9 @@
 
 #include <sys/stat.h>
 
-namespace quorvel
-{
+namespace quorvel {
 
-namespace
-{
+namespace {
 
 const QString kAddMarker = QStringLiteral("*Add");
 

@@ -10,8 +10,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace quorvel
-{
+namespace quorvel {
 
 struct CommandLine {
     QStringList files; // absolute paths, in the order given

@@ -12,11 +12,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace quorvel
-{
+namespace quorvel {
 
-namespace
-{
+namespace {
 
 // A sender that stays silent this long loses its connection.
 constexpr int kIdleMs = 10000;
@@ -39,8 +37,7 @@ bool sameUser(QLocalSocket *socket)
 } // namespace
 
 // Owns the sockets; every member runs on the server's thread.
-class HandoffServer::Worker : public QObject
-{
+class HandoffServer::Worker : public QObject {
 public:
     explicit Worker(HandoffServer *owner)
         : m_owner(owner)

@@ -16,11 +16,9 @@
 
 class QThread;
 
-namespace quorvel
-{
+namespace quorvel {
 
-class HandoffServer : public QObject
-{
+class HandoffServer : public QObject {
     Q_OBJECT
 public:
     // `done` must be called once the command has been handled; the sender

@@ -18,11 +18,9 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-namespace quorvel
-{
+namespace quorvel {
 
-namespace
-{
+namespace {
 
 const QByteArray kMagic = QByteArrayLiteral("QVL1");
 constexpr int kHeaderBytes = 8;
@@ -70,7 +68,7 @@ bool waitFor(int fd, short events, const QElapsedTimer &clock, int deadlineMs)
         const qint64 left = deadlineMs - clock.elapsed();
         if (left <= 0)
             return false;
-        pollfd p { fd, events, 0 };
+        pollfd p{fd, events, 0};
         const int n = ::poll(&p, 1, static_cast<int>(left));
         if (n > 0)
             return true;
@@ -79,8 +77,7 @@ bool waitFor(int fd, short events, const QElapsedTimer &clock, int deadlineMs)
     }
 }
 
-class Fd
-{
+class Fd {
 public:
     explicit Fd(int fd)
         : m_fd(fd)
@@ -188,8 +185,7 @@ void StartupLock::release()
     m_held = false;
 }
 
-namespace handoff
-{
+namespace handoff {
 
 QByteArray frame(const QString &text)
 {

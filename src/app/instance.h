@@ -16,12 +16,10 @@
 #include <QStringList>
 #include <functional>
 
-namespace quorvel
-{
+namespace quorvel {
 
 // The endpoint names of the instance that started last.
-class InstanceRegistry
-{
+class InstanceRegistry {
 public:
     static constexpr const char *kCommandKey = "txtHwnd";
     static constexpr const char *kProbeKey = "txtHwnd1";
@@ -40,8 +38,7 @@ QString RuntimeFolder();
 
 // Marks for the life of the process that the program runs (a shared lock on
 // a file in the user's runtime folder). Nothing waits on it.
-class RunningMarker
-{
+class RunningMarker {
 public:
     RunningMarker();
     ~RunningMarker();
@@ -55,8 +52,7 @@ private:
 // Serialises the start-up negotiation of all starts of one user: an
 // exclusive lock on a file in the runtime folder. The file also counts the
 // turns, so traces can tell in which order the starts negotiated.
-class StartupLock
-{
+class StartupLock {
 public:
     explicit StartupLock(QString path);
     ~StartupLock();
@@ -87,8 +83,7 @@ struct ListeningEndpoints {
     bool isValid() const { return commandFd >= 0 && probeFd >= 0; }
 };
 
-namespace handoff
-{
+namespace handoff {
 inline constexpr int kMaxMessageBytes = 64 * 1024;
 QByteArray frame(const QString &text);
 // Parses a framed message from the front of `buffer`. Returns 1 with `text`

@@ -73,7 +73,7 @@ int main(int argc, char **argv)
             std::_Exit(0);
         }).detach();
     });
-    window.FormLoad({ decision.files, command.forcePlay }, std::move(receiver));
+    window.FormLoad({decision.files, command.forcePlay}, std::move(receiver));
     window.show();
     return app.exec();
 }

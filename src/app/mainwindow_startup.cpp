@@ -14,18 +14,17 @@
 #include "playback/player.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
-#include "playback/vlcengine.h"
-#include "playlist/fancylist.h"
-#include "playlist/fancylistthumblist.h"
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
+#include "playback/vlcengine.h"
+#include "playlist/fancylistthumblist.h"
+#include "playlist/fancylist.h"
 #include "playlist/playlist.h"
 
 #include <QApplication>
 #include <QTimer>
 
-namespace quorvel
-{
+namespace quorvel {
 
 void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffServer> receiver)
 {
@@ -53,19 +52,17 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     // first one plays unless the add-only marker was given.
     bool first = true;
     for (const QString &path : command.files) {
-        m_playlist->LoadThumb(
-            GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay && first);
+        m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay && first);
         first = false;
     }
 
     m_handoff = std::move(receiver);
     if (m_handoff) {
         connect(m_handoff.get(), &HandoffServer::helloReceived, this,
-            [] { qCDebug(lcApp) << "a later start found this instance running"; });
+                [] { qCDebug(lcApp) << "a later start found this instance running"; });
         // Set after this start's own files, so handed-over files queue behind them.
-        m_handoff->setCommandHandler([this](const QString &text, std::function<void()> done) {
-            receiveCommand(text, std::move(done));
-        });
+        m_handoff->setCommandHandler(
+            [this](const QString &text, std::function<void()> done) { receiveCommand(text, std::move(done)); });
     }
     m_isLoading = false;
     m_transport->movieTimer().start();
@@ -77,7 +74,7 @@ void MainWindow::InitPlayer()
 {
     m_playback.VLCOptions = QStringList(9, QString());
     // The playlist is empty: nothing to remove or step through.
-    for (const char *key : { "Remove", "RemoveAll", "Next", "Previous" })
+    for (const char *key : {"Remove", "RemoveAll", "Next", "Previous"})
         m_menu.setEnabled(QLatin1String(key), false);
     // Codec names and the pictures of files without a frame of their own.
     m_tables.media = LoadMediaTables(m_tables.AppPath);
@@ -97,8 +94,8 @@ void MainWindow::InitPlayer()
     m_playlist = std::make_unique<Playlist>(*m_thumbList, *m_probe, m_notifier);
     m_player = std::make_unique<Player>(*m_engine, m_settings, m_playback, *m_playlist);
     m_power = std::make_unique<playback::LogindPower>();
-    m_transport = std::make_unique<Transport>(
-        *m_engine, m_settings, m_playback, *m_playlist, *m_player, m_menu, *m_power, *this);
+    m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, m_menu,
+                                              *m_power, *this);
     m_chooser = std::make_unique<playlist::DialogFileChooser>(this);
     m_openFiles = std::make_unique<playlist::FileOpener>(
         *m_chooser, [this](const QString &title, const QString &file, bool fullScreen, bool forcePlay) {
@@ -154,7 +151,7 @@ void MainWindow::receiveCommand(const QString &text, std::function<void()> done)
     // Handed-over files are only added, never started, whatever the marker said.
     for (qsizetype i = 0; i < files.size(); ++i)
         m_playlist->LoadThumb(GetFileTitle(files[i]), files[i], IsSet(m_settings.LaunchFullScreen), false,
-            i + 1 == files.size() ? std::move(done) : std::function<void()>());
+                              i + 1 == files.size() ? std::move(done) : std::function<void()>());
 }
 
 } // namespace quorvel

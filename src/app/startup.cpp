@@ -6,11 +6,9 @@
 #include <QFile>
 #include <QFileInfo>
 
-namespace quorvel
-{
+namespace quorvel {
 
-namespace
-{
+namespace {
 
 // Holders keep the lock for moments, a hung sender for its receipt time.
 constexpr int kLockWaitMs = 30000;
@@ -63,7 +61,7 @@ StartupDecision StartupNegotiator::decide(const CommandLine &command, bool useNe
                               .arg(remaining.isEmpty() ? QStringLiteral("a window") : quotedList(remaining)));
         const quint64 turn = m_lock.turn();
         qCDebug(lcApp).noquote() << "negotiating, turn" << turn << "files"
-                                 << CommandLine { remaining }.handOffText();
+                                 << CommandLine{remaining}.handOffText();
         const InstanceRegistry::Endpoints known = m_channel.readRegistry();
         if (useNewInstance || known.command == QLatin1String("-1"))
             return becomeInstance(turn, remaining);
@@ -75,7 +73,7 @@ StartupDecision StartupNegotiator::decide(const CommandLine &command, bool useNe
             // One message holds the whole list unless it outgrows the limit.
             const QStringList part = hello ? QStringList() : firstPart(remaining);
             const bool last = part.size() == remaining.size();
-            const QString text = hello ? QStringLiteral("Hello") : CommandLine { part }.handOffText();
+            const QString text = hello ? QStringLiteral("Hello") : CommandLine{part}.handOffText();
             // Once the instance has the last files queued, the next start may go on.
             result = m_channel.send(endpoint, text, [this, last] {
                 if (last)
@@ -89,7 +87,7 @@ StartupDecision StartupNegotiator::decide(const CommandLine &command, bool useNe
         m_lock.release();
         switch (result) {
         case handoff::SendResult::Done:
-            return { StartupDecision::Outcome::HandedOver, {}, {}, {}, turn };
+            return {StartupDecision::Outcome::HandedOver, {}, {}, {}, turn};
         case handoff::SendResult::NoInstance:
         case handoff::SendResult::Dropped:
             qCWarning(lcApp) << "the running instance closed the hand-off; trying again";
@@ -117,7 +115,7 @@ QStringList StartupNegotiator::firstPart(const QStringList &files)
     QStringList part;
     for (const QString &file : files) {
         const qsizetype entry
-            = CommandLine { { file } }.handOffText().toUtf8().size() - 2 + (part.isEmpty() ? 0 : 1);
+            = CommandLine{{file}}.handOffText().toUtf8().size() - 2 + (part.isEmpty() ? 0 : 1);
         if (!part.isEmpty() && size + entry > handoff::kMaxMessageBytes + 8)
             break;
         size += entry;
@@ -132,7 +130,7 @@ StartupDecision StartupNegotiator::becomeInstance(quint64 turn, const QStringLis
     d.turn = turn;
     d.files = files;
     if (m_channel.listen(&d.endpoints))
-        m_channel.writeRegistry({ d.endpoints.command, d.endpoints.probe });
+        m_channel.writeRegistry({d.endpoints.command, d.endpoints.probe});
     else
         qCWarning(lcApp) << "cannot open the hand-off endpoints; later starts open windows of their own";
     m_lock.release();
@@ -149,10 +147,6 @@ QByteArray QtPlatformToUse(
     return {};
 }
 
-} // namespace quorvel
-
-namespace quorvel
-{
 
 bool NewInstanceWanted(const QString &programFolder)
 {

@@ -18,12 +18,10 @@
 #include <QString>
 #include <functional>
 
-namespace quorvel
-{
+namespace quorvel {
 
 // What the decision needs of the system; a test double replaces it.
-class InstanceChannel
-{
+class InstanceChannel {
 public:
     virtual ~InstanceChannel() = default;
     virtual InstanceRegistry::Endpoints readRegistry() = 0;
@@ -35,8 +33,7 @@ public:
         = 0;
 };
 
-class SystemInstanceChannel final : public InstanceChannel
-{
+class SystemInstanceChannel final : public InstanceChannel {
 public:
     InstanceRegistry::Endpoints readRegistry() override { return InstanceRegistry::read(); }
     void writeRegistry(const InstanceRegistry::Endpoints &endpoints) override
@@ -67,8 +64,7 @@ struct StartupDecision {
     quint64 turn = 0; // this start's place in the order of negotiation
 };
 
-class StartupNegotiator
-{
+class StartupNegotiator {
 public:
     StartupNegotiator(InstanceChannel &channel, QString lockPath);
     StartupDecision decide(const CommandLine &command, bool useNewInstance);

@@ -5,14 +5,14 @@
 #include <QMessageBox>
 #include <cstdio>
 
-namespace quorvel
-{
+namespace quorvel {
 
 void MessageBoxNotifier::notify(Icon icon, const QString &text)
 {
     qCDebug(lcApp).noquote() << "message:" << text;
-    auto *box = new QMessageBox(icon == Icon::Information ? QMessageBox::Information : QMessageBox::Warning,
-        QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
+    auto *box = new QMessageBox(icon == Icon::Information ? QMessageBox::Information
+                                                          : QMessageBox::Warning,
+                                QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(QStringLiteral("QuorvelMessage"));
     box->open();

@@ -5,25 +5,24 @@
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QtConcurrent/QtConcurrentRun>
-#include <gtest/gtest.h>
 #include <unistd.h>
+#include <gtest/gtest.h>
 
 using namespace quorvel;
 constexpr auto Done = handoff::SendResult::Done;
 
-namespace
-{
+namespace {
 
 // Runs the event loop until `future` is done (the receiver lives on this thread).
-template <typename T> T await(QFuture<T> future)
+template <typename T>
+T await(QFuture<T> future)
 {
     while (!future.isFinished())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     return future.result();
 }
 
-class HandoffTest : public ::testing::Test
-{
+class HandoffTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -68,7 +67,7 @@ TEST_F(HandoffTest, DeliversCommandsAndAnswersHello)
 
     EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(e.command, u"/x/a.mp4"_qs); })), Done);
     EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(e.probe, u"Hello"_qs); })), Done);
-    EXPECT_EQ(m_received, QStringList { u"/x/a.mp4"_qs });
+    EXPECT_EQ(m_received, QStringList{u"/x/a.mp4"_qs});
     while (hellos == 0) // reported to this thread after the answer went out
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     EXPECT_EQ(hellos, 1);
@@ -94,7 +93,7 @@ TEST_F(HandoffTest, HostileSendersAreDroppedAndOthersStillServed)
     EXPECT_TRUE(await(QtConcurrent::run([&] { return rawSend(oversized); })).isEmpty());
     EXPECT_TRUE(m_received.isEmpty());
     EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(name, u"/ok.mp3"_qs); })), Done);
-    EXPECT_EQ(m_received, QStringList { u"/ok.mp3"_qs });
+    EXPECT_EQ(m_received, QStringList{u"/ok.mp3"_qs});
 }
 
 TEST_F(HandoffTest, ManySendersAtOnceAreEachServedOnce)
@@ -129,9 +128,8 @@ TEST_F(HandoffTest, ReceiptComesAtOnceAndCommandsWaitInOrderForTheirHandler)
     const QString name = later.endpoints().command;
     // No handler yet (the window is still being built): receipts still come.
     std::atomic<int> receipts = 0;
-    const handoff::SendTimes quick { 5000, 200 };
-    auto first
-        = QtConcurrent::run([&] { return handoff::send(name, u"one"_qs, quick, [&] { ++receipts; }); });
+    const handoff::SendTimes quick{5000, 200};
+    auto first = QtConcurrent::run([&] { return handoff::send(name, u"one"_qs, quick, [&] { ++receipts; }); });
     EXPECT_EQ(await(first), handoff::SendResult::Unconfirmed);
     auto second = QtConcurrent::run([&] { return handoff::send(name, u"two"_qs, {}, [&] { ++receipts; }); });
     while (receipts < 2)
@@ -142,7 +140,7 @@ TEST_F(HandoffTest, ReceiptComesAtOnceAndCommandsWaitInOrderForTheirHandler)
         done();
     });
     EXPECT_EQ(await(second), Done);
-    EXPECT_EQ(handled, (QStringList { u"one"_qs, u"two"_qs }));
+    EXPECT_EQ(handled, (QStringList{u"one"_qs, u"two"_qs}));
 }
 
 TEST(Handoff, AHungReceiverIsToldApartWithinTheReceiptTime)
@@ -150,7 +148,7 @@ TEST(Handoff, AHungReceiverIsToldApartWithinTheReceiptTime)
     QTemporaryDir dir;
     ListeningEndpoints hung; // listens, but nobody ever reads: a stopped process
     ASSERT_TRUE(handoff::listen(dir.path(), &hung));
-    EXPECT_EQ(handoff::send(hung.command, u"x"_qs, { 300, 300 }), handoff::SendResult::NoAnswer);
+    EXPECT_EQ(handoff::send(hung.command, u"x"_qs, {300, 300}), handoff::SendResult::NoAnswer);
     EXPECT_EQ(handoff::ownerOf(hung.command), getpid());
     ::close(hung.commandFd);
     ::close(hung.probeFd);

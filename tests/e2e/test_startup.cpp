@@ -5,14 +5,13 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QRegularExpression>
-#include <QThread>
 #include <QUrl>
+#include <QThread>
 #include <csignal>
 
 using namespace quorvel::test;
 
-namespace
-{
+namespace {
 
 QString clip()
 {
@@ -39,9 +38,8 @@ int countOf(const QString &log, const QString &text)
 TEST_F(E2eTest, PlaysAFileGivenOnTheCommandLine)
 {
     const QString file = copyOf(clip(), QStringLiteral("my clip.mp4"));
-    auto q = launchInstance({ file });
-    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch())
-        << q->log().toStdString();
+    auto q = launchInstance({file});
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch()) << q->log().toStdString();
     q->waitForLog(QStringLiteral("tick state=3 time=[2-9]\\d{3}"));
     const QList<qint64> times = playingTimes(q->log());
     ASSERT_GE(times.size(), 2);
@@ -66,9 +64,8 @@ TEST_F(E2eTest, PlaysAFileGivenOnTheCommandLine)
     QString out;
     QProcess xdotool;
     xdotool.setProcessEnvironment(x().environment());
-    xdotool.start(QStringLiteral("xdotool"),
-        { QStringLiteral("search"), QStringLiteral("--name"),
-            QStringLiteral("^Quorvel - \\(.*my clip\\.mp4\\)$") });
+    xdotool.start(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--name"),
+                                             QStringLiteral("^Quorvel - \\(.*my clip\\.mp4\\)$")});
     xdotool.waitForFinished(10000);
     EXPECT_FALSE(xdotool.readAll().trimmed().isEmpty()) << "no window titled with the caption";
 
@@ -86,32 +83,30 @@ TEST_F(E2eTest, PlaysAFileGivenOnTheCommandLine)
 TEST_F(E2eTest, LaterStartsHandTheirFilesOverWithoutPlayingThem)
 {
     const QString first = copyOf(clip(), QStringLiteral("first.mp4"));
-    auto running = launchInstance({ first });
+    auto running = launchInstance({first});
     ASSERT_TRUE(running->waitForLog(QStringLiteral("started .*first\\.mp4")).hasMatch());
 
     const QString other = copyOf(clip(), QStringLiteral("other, with 'odd' name.mkv"));
-    auto second = launch({ other });
+    auto second = launch({other});
     ASSERT_TRUE(second->waitForExit());
     EXPECT_EQ(second->exitCode(), 0);
     EXPECT_FALSE(second->log().contains(QStringLiteral("running instance ready")));
     // The sender ends only after the file is in.
-    EXPECT_TRUE(
-        running->waitForLog(QStringLiteral("added .*other, with 'odd' name\\.mkv\" as entry 1")).hasMatch())
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*other, with 'odd' name\\.mkv\" as entry 1")).hasMatch())
         << running->log().toStdString();
     EXPECT_FALSE(running->log().contains(QStringLiteral("started \"") + other));
 
     // The add-only marker is cut; the file is still only added.
     const QString third = copyOf(clip(), QStringLiteral("third.mp4"));
-    auto marker = launch({ third, QStringLiteral("*Add") });
+    auto marker = launch({third, QStringLiteral("*Add")});
     ASSERT_TRUE(marker->waitForExit());
     EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*third\\.mp4\" as entry 2")).hasMatch());
 
     // Names a shell or Qt might take for something else.
     const QString dashed = copyOf(clip(), QStringLiteral("-reverse ünïcode #1.mp4"));
-    auto odd = launch({ dashed });
+    auto odd = launch({dashed});
     ASSERT_TRUE(odd->waitForExit());
-    EXPECT_TRUE(
-        running->waitForLog(QStringLiteral("added .*-reverse ünïcode #1\\.mp4\" as entry 3")).hasMatch())
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*-reverse ünïcode #1\\.mp4\" as entry 3")).hasMatch())
         << running->log().toStdString();
 
     // Without a file a later start only checks the instance is alive, then ends.
@@ -120,11 +115,10 @@ TEST_F(E2eTest, LaterStartsHandTheirFilesOverWithoutPlayingThem)
     EXPECT_TRUE(running->waitForLog(QStringLiteral("found this instance running")).hasMatch());
 
     // A file that is no media is sent too, and refused with a message.
-    auto text = launch({ m_box.path(QStringLiteral("notes.txt")) });
+    auto text = launch({m_box.path(QStringLiteral("notes.txt"))});
     ASSERT_TRUE(text->waitForExit());
     EXPECT_EQ(text->exitCode(), 0);
-    EXPECT_TRUE(running->waitForLog(QStringLiteral("message:.*notes\\.txt")).hasMatch())
-        << running->log().toStdString();
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("message:.*notes\\.txt")).hasMatch()) << running->log().toStdString();
     EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 4);
 }
 
@@ -136,7 +130,7 @@ TEST_F(E2eTest, TwentyStartsAtOnceAreAllAddedOnce)
     for (int i = 0; i < 20; ++i)
         files << copyOf(clip(), QStringLiteral("burst %1.mp4").arg(i));
     for (const QString &f : files)
-        senders << std::shared_ptr<QuorvelProcess>(launch({ f }));
+        senders << std::shared_ptr<QuorvelProcess>(launch({f}));
     for (auto &s : senders) {
         EXPECT_TRUE(s->waitForExit(120000));
         EXPECT_EQ(s->exitCode(), 0);
@@ -158,14 +152,13 @@ TEST_F(E2eTest, AKilledInstanceIsReplacedByTheNextStart)
     ASSERT_TRUE(victim->waitForExit());
 
     const QString file = copyOf(clip(), QStringLiteral("after-kill.mp4"));
-    auto next = launch({ file });
-    ASSERT_TRUE(next->waitForLog(QStringLiteral("running instance ready")).hasMatch())
-        << next->log().toStdString();
+    auto next = launch({file});
+    ASSERT_TRUE(next->waitForLog(QStringLiteral("running instance ready")).hasMatch()) << next->log().toStdString();
     EXPECT_TRUE(next->waitForLog(QStringLiteral("started .*after-kill\\.mp4")).hasMatch());
 
     // And it now receives the hand-offs.
     const QString more = copyOf(clip(), QStringLiteral("more.mp4"));
-    auto sender = launch({ more });
+    auto sender = launch({more});
     ASSERT_TRUE(sender->waitForExit());
     EXPECT_TRUE(next->waitForLog(QStringLiteral("added .*more\\.mp4")).hasMatch());
 }
@@ -188,14 +181,13 @@ TEST_F(E2eTest, NewInstanceSettingStartsASeparateReceiver)
 
     auto a = launchInstance({});
     const QString file = copyOf(clip(), QStringLiteral("separate.mp4"));
-    auto b = launchInstance({ file });
+    auto b = launchInstance({file});
     EXPECT_TRUE(b->waitForLog(QStringLiteral("started .*separate\\.mp4")).hasMatch());
     EXPECT_TRUE(a->isRunning());
     EXPECT_FALSE(a->log().contains(QStringLiteral("separate.mp4")));
 }
 
-namespace
-{
+namespace {
 
 // `added "..." as entry k` lines of a trace, in order (QDebug escapes quotes).
 QStringList addedFiles(const QString &log)
@@ -284,7 +276,7 @@ TEST_F(E2eTest, EachArgumentIsOneFileTakenAgainstTheCallersFolder)
     // With the add-only marker anywhere, a first start plays nothing.
     running->terminate();
     ASSERT_TRUE(running->waitForExit());
-    auto addOnly = launchInstance({ m_box.path(names[0]), QStringLiteral("*Add"), m_box.path(names[2]) });
+    auto addOnly = launchInstance({m_box.path(names[0]), QStringLiteral("*Add"), m_box.path(names[2])});
     EXPECT_TRUE(waitForCount(*addOnly, QStringLiteral("\" as entry"), 2)) << addOnly->log().toStdString();
     EXPECT_EQ(countOf(addOnly->log(), QStringLiteral("started \"")), 0);
 }
@@ -294,7 +286,7 @@ TEST_F(E2eTest, AHungInstanceIsReportedNeitherWaitedForNorDoubled)
     auto running = launchInstance({});
     ASSERT_EQ(::kill(static_cast<pid_t>(running->pid()), SIGSTOP), 0);
     const QString file = copyOf(clip(), QStringLiteral("to a hung one.mp4"));
-    auto sender = launch({ file });
+    auto sender = launch({file});
     ASSERT_TRUE(sender->waitForExit(60000));
     EXPECT_EQ(sender->exitCode(), 1);
     EXPECT_TRUE(
@@ -309,7 +301,7 @@ TEST_F(E2eTest, AHungInstanceIsReportedNeitherWaitedForNorDoubled)
 
     // Woken up, the instance serves the next start as before.
     ::kill(static_cast<pid_t>(running->pid()), SIGCONT);
-    auto again = launch({ file });
+    auto again = launch({file});
     ASSERT_TRUE(again->waitForExit());
     EXPECT_EQ(again->exitCode(), 0);
     EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*to a hung one\\.mp4")).hasMatch());
@@ -322,7 +314,7 @@ TEST_F(E2eTest, VideoShowsOnAWaylandSession)
     q->setEnv(QStringLiteral("QT_QPA_PLATFORM"), QString());
     q->setEnv(QStringLiteral("WAYLAND_DISPLAY"), m_box.path(QStringLiteral("runtime/wayland-gone")));
     q->setEnv(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
-    q->start({ file });
+    q->start({file});
     ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch())
         << q->log().toStdString();
     // Qt went to X11 straight away instead of trying the Wayland display first.

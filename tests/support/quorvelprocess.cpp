@@ -8,11 +8,9 @@
 #include <QFile>
 #include <QThread>
 
-namespace quorvel::test
-{
+namespace quorvel::test {
 
-namespace
-{
+namespace {
 void copyTree(const QString &from, const QString &to)
 {
     QDir().mkpath(to);
@@ -39,15 +37,14 @@ Sandbox::Sandbox()
         if (suffix == u"txt" || suffix == u"jpg" || suffix == u"png" || suffix == u"html")
             QFile::copy(info.filePath(), dst + u'/' + info.fileName());
     }
-    for (const QString &sub : { QStringLiteral("images"), QStringLiteral("icons"), QStringLiteral("help") }) {
+    for (const QString &sub : {QStringLiteral("images"), QStringLiteral("icons"), QStringLiteral("help")}) {
         if (dir.exists(sub))
             copyTree(src + u'/' + sub, dst + u'/' + sub);
     }
     QFile::remove(dst + QStringLiteral("/Config.cfg"));
     QDir().mkpath(homeDir());
     QDir().mkpath(path(QStringLiteral("runtime")));
-    QFile::setPermissions(
-        path(QStringLiteral("runtime")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(path(QStringLiteral("runtime")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 QProcessEnvironment Sandbox::environment(const QString &display) const
@@ -96,7 +93,7 @@ void QuorvelProcess::startShell(const QString &script)
     env.insert(QStringLiteral("QUORVEL"), m_process->program());
     m_process->setProcessEnvironment(env);
     m_process->setProgram(QStringLiteral("/bin/sh"));
-    m_process->setArguments({ QStringLiteral("-c"), script });
+    m_process->setArguments({QStringLiteral("-c"), script});
     m_process->start();
 }
 

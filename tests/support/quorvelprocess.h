@@ -10,12 +10,10 @@
 #include <QTemporaryDir>
 #include <memory>
 
-namespace quorvel::test
-{
+namespace quorvel::test {
 
 // A program folder and a user of its own.
-class Sandbox
-{
+class Sandbox {
 public:
     Sandbox();
     bool isValid() const { return m_dir.isValid(); }
@@ -31,8 +29,7 @@ private:
     QTemporaryDir m_dir;
 };
 
-class QuorvelProcess
-{
+class QuorvelProcess {
 public:
     QuorvelProcess(const Sandbox &sandbox, const QString &display);
     ~QuorvelProcess();
@@ -47,8 +44,8 @@ public:
     // Waits until the trace holds a line matching `pattern`; returns the match.
     QRegularExpressionMatch waitForLog(const QString &pattern, int timeoutMs = 30000);
     bool waitForExit(int timeoutMs = 30000);
-    void terminate(); // SIGTERM
-    void kill(); // SIGKILL
+    void terminate();  // SIGTERM
+    void kill();       // SIGKILL
     QString log();
     int exitCode() const { return m_process->exitCode(); }
     QProcess::ExitStatus exitStatus() const { return m_process->exitStatus(); }
