@@ -5,7 +5,7 @@ set -euo pipefail
 
 PACKAGES=(
     build-essential cmake ninja-build pkg-config git
-    qt6-base-dev qt6-qpa-plugins libgl-dev libopengl-dev libglx-dev
+    qt6-base-dev qt6-qpa-plugins qt6-wayland libgl-dev libopengl-dev libglx-dev
     libvlc-dev vlc-plugin-base vlc-plugin-video-output
     ffmpeg mpgtx libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     libgtest-dev googletest

@@ -1,30 +1,74 @@
 #include "commandline.h"
 
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUrl>
+
+#include <sys/stat.h>
+
 namespace quorvel {
 
 namespace {
+
 const QString kAddMarker = QStringLiteral("*Add");
+
+QString absolutePath(const QString &argument, const QString &workingFolder)
+{
+    QString path = argument;
+    if (argument.startsWith(QLatin1String("file://"), Qt::CaseInsensitive)) {
+        const QUrl url(argument);
+        if (url.isValid() && url.isLocalFile())
+            path = url.toLocalFile();
+    }
+    if (!QDir::isAbsolutePath(path))
+        path = workingFolder + u'/' + path;
+    return QDir::cleanPath(path);
 }
 
-CommandLine CommandLine::parse(const QStringList &arguments)
+} // namespace
+
+CommandLine CommandLine::parse(const QStringList &arguments, const QString &workingFolder)
 {
     CommandLine c;
-    c.handOffText = arguments.join(u' ');
-    c.handOffText.remove(u'"');
-    c.commandPath = c.handOffText;
-    if (c.commandPath.endsWith(kAddMarker)) {
-        c.forcePlay = false;
-        c.commandPath = stripAddMarker(c.commandPath);
+    for (const QString &argument : arguments) {
+        if (argument == kAddMarker)
+            c.forcePlay = false;
+        else if (!argument.isEmpty())
+            c.files << absolutePath(argument, workingFolder);
     }
     return c;
 }
 
-QString CommandLine::stripAddMarker(const QString &command)
+QString CommandLine::handOffText() const
 {
-    // The marker comes with the blank before it: five characters in all.
-    if (!command.endsWith(kAddMarker))
-        return command;
-    return command.left(qMax<qsizetype>(0, command.size() - kAddMarker.size() - 1));
+    // A JSON array keeps every character of every name, line breaks included.
+    return QString::fromUtf8(QJsonDocument(QJsonArray::fromStringList(files)).toJson(QJsonDocument::Compact));
+}
+
+QStringList CommandLine::filesOf(const QString &handOffText)
+{
+    const QJsonDocument doc = QJsonDocument::fromJson(handOffText.toUtf8());
+    QStringList files;
+    for (const QJsonValue &v : doc.array()) {
+        if (!v.isString() || v.toString().isEmpty())
+            return {};
+        files << v.toString();
+    }
+    return files;
+}
+
+QString CallerWorkingFolder()
+{
+    const QString real = QDir::currentPath();
+    const QByteArray pwd = qgetenv("PWD");
+    struct stat a {
+    }, b {};
+    if (pwd.startsWith('/') && ::stat(pwd.constData(), &a) == 0 && ::stat(".", &b) == 0
+        && a.st_dev == b.st_dev && a.st_ino == b.st_ino)
+        return QFile::decodeName(pwd);
+    return real;
 }
 
 } // namespace quorvel

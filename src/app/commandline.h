@@ -1,8 +1,11 @@
 #pragma once
-// The command line as one text: the program's arguments joined by single
-// blanks with every double-quote character removed, so a path with blanks
-// given as one argument (or quoted by a shell) stays whole. A trailing
-// " *Add" asks to add the file without playing it.
+// The command line as the shell split it: every argument is one file, kept
+// character for character (quotes, blanks, '#' and a leading dash are part
+// of Linux file names). The add-only marker "*Add" may stand anywhere among
+// them. Each file is made absolute against the caller's working folder at
+// once, so the running instance, whose folder is another, gets the same
+// file, and the same file given relatively and absolutely is one entry.
+// "file://" URIs, as desktops pass them, are files too.
 
 #include <QString>
 #include <QStringList>
@@ -10,13 +13,21 @@
 namespace quorvel {
 
 struct CommandLine {
-    QString handOffText;   // what a second start sends to the running instance
-    QString commandPath;   // the file path, marker cut off
+    QStringList files; // absolute paths, in the order given
     bool forcePlay = true; // false when the add-only marker was given
 
-    static CommandLine parse(const QStringList &arguments); // arguments without the program name
-    // Removes a trailing add-only marker from a received command.
-    static QString stripAddMarker(const QString &command);
+    // `arguments` without the program name.
+    static CommandLine parse(const QStringList &arguments, const QString &workingFolder);
+
+    // The hand-off carries the whole list in one message (in consecutive
+    // ones only when it outgrows the message limit).
+    QString handOffText() const;
+    // The files of a received message; empty when the text is not one.
+    static QStringList filesOf(const QString &handOffText);
 };
+
+// The caller's working folder as the user sees it: the shell's PWD when it
+// names the current folder (through a symbolic link, say), else the real one.
+QString CallerWorkingFolder();
 
 } // namespace quorvel

@@ -1,22 +1,21 @@
 #include "instance.h"
 
-#include "common/logging.h"
-
-#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QLocalServer>
-#include <QLocalSocket>
-#include <QPointer>
+#include <QFile>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QThread>
-#include <QTimer>
 #include <QtEndian>
 
+#include <cerrno>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace quorvel {
@@ -25,38 +24,85 @@ namespace {
 
 const QByteArray kMagic = QByteArrayLiteral("QVL1");
 constexpr int kHeaderBytes = 8;
-const QByteArray kAnswer = QByteArrayLiteral("OK");
-// A sender that stays silent this long loses its connection.
-constexpr int kIdleMs = 10000;
-
-QString runtimeFolder()
-{
-    QString dir = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (dir.isEmpty())
-        dir = QDir::tempPath();
-    return dir;
-}
 
 QSettings instanceSettings()
 {
     return QSettings(QStringLiteral("Brenlow Quorvel"), QStringLiteral("Quorvel"));
 }
 
-bool sameUser(QLocalSocket *socket)
+bool toAddress(const QString &name, sockaddr_un *address)
 {
-#ifdef SO_PEERCRED
-    struct ucred cred {};
-    socklen_t len = sizeof(cred);
-    if (getsockopt(static_cast<int>(socket->socketDescriptor()), SOL_SOCKET, SO_PEERCRED, &cred, &len) != 0)
+    const QByteArray path = QFile::encodeName(name);
+    *address = {};
+    address->sun_family = AF_UNIX;
+    if (path.isEmpty() || path.size() >= static_cast<qsizetype>(sizeof(address->sun_path)))
         return false;
-    return cred.uid == getuid();
-#else
-    Q_UNUSED(socket);
+    memcpy(address->sun_path, path.constData(), static_cast<size_t>(path.size()));
     return true;
-#endif
 }
 
+int listenOn(const QString &name)
+{
+    sockaddr_un address;
+    if (!toAddress(name, &address))
+        return -1;
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (fd < 0)
+        return -1;
+    ::unlink(address.sun_path); // a leftover of a killed process with the same id
+    // Only this user may connect; the receiver checks the peer as well.
+    const mode_t old = ::umask(0077);
+    const bool bound = ::bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof(address)) == 0;
+    ::umask(old);
+    if (!bound || ::listen(fd, 128) != 0) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+// Waits until `fd` is ready for `events` or `deadline` has passed.
+bool waitFor(int fd, short events, const QElapsedTimer &clock, int deadlineMs)
+{
+    for (;;) {
+        const qint64 left = deadlineMs - clock.elapsed();
+        if (left <= 0)
+            return false;
+        pollfd p{fd, events, 0};
+        const int n = ::poll(&p, 1, static_cast<int>(left));
+        if (n > 0)
+            return true;
+        if (n < 0 && errno != EINTR)
+            return false;
+    }
+}
+
+class Fd {
+public:
+    explicit Fd(int fd)
+        : m_fd(fd)
+    {
+    }
+    ~Fd()
+    {
+        if (m_fd >= 0)
+            ::close(m_fd);
+    }
+    int get() const { return m_fd; }
+
+private:
+    int m_fd;
+};
+
 } // namespace
+
+QString RuntimeFolder()
+{
+    QString dir = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (dir.isEmpty())
+        dir = QDir::tempPath();
+    return dir;
+}
 
 InstanceRegistry::Endpoints InstanceRegistry::read()
 {
@@ -80,7 +126,7 @@ void InstanceRegistry::write(const Endpoints &endpoints)
 
 RunningMarker::RunningMarker()
 {
-    const QString path = runtimeFolder() + QStringLiteral("/BrenlowQuorvel.lock");
+    const QString path = RuntimeFolder() + QStringLiteral("/BrenlowQuorvel.lock");
     m_fd = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (m_fd >= 0)
         ::flock(m_fd, LOCK_SH | LOCK_NB);
@@ -90,6 +136,53 @@ RunningMarker::~RunningMarker()
 {
     if (m_fd >= 0)
         ::close(m_fd);
+}
+
+StartupLock::StartupLock(QString path)
+    : m_path(std::move(path))
+{
+}
+
+StartupLock::~StartupLock()
+{
+    release();
+    if (m_fd >= 0)
+        ::close(m_fd);
+}
+
+bool StartupLock::acquire(int timeoutMs)
+{
+    if (m_held)
+        return true;
+    if (m_fd < 0)
+        m_fd = ::open(QFile::encodeName(m_path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (m_fd < 0)
+        return false;
+    // flock has no time limit of its own; the holder keeps it for moments
+    // only, so asking often costs little.
+    QElapsedTimer clock;
+    clock.start();
+    while (::flock(m_fd, LOCK_EX | LOCK_NB) != 0) {
+        if ((errno != EWOULDBLOCK && errno != EINTR) || clock.elapsed() > timeoutMs)
+            return false;
+        QThread::msleep(5);
+    }
+    m_held = true;
+    char text[32] = {};
+    const ssize_t n = ::pread(m_fd, text, sizeof(text) - 1, 0);
+    m_turn = (n > 0 ? QByteArray(text, static_cast<qsizetype>(n)).trimmed().toULongLong() : 0) + 1;
+    const QByteArray next = QByteArray::number(m_turn) + '\n';
+    if (::ftruncate(m_fd, 0) != 0
+        || ::pwrite(m_fd, next.constData(), static_cast<size_t>(next.size()), 0) < 0)
+        m_turn = 0; // the count is for traces only
+    return true;
+}
+
+void StartupLock::release()
+{
+    if (m_held && m_fd >= 0)
+        ::flock(m_fd, LOCK_UN);
+    m_held = false;
 }
 
 namespace handoff {
@@ -128,148 +221,98 @@ int unframe(const QByteArray &buffer, QString *text)
     return 1;
 }
 
-bool endpointAlive(const QString &name)
+bool listen(const QString &folder, ListeningEndpoints *endpoints)
 {
-    if (name.isEmpty())
+    static int serial = 0; // several receivers in one process (tests)
+    const QString base = folder + QStringLiteral("/quorvel-%1-%2").arg(getuid()).arg(getpid())
+        + (serial++ ? QStringLiteral("-%1").arg(serial) : QString());
+    ListeningEndpoints e;
+    e.command = base + QStringLiteral("-cmd");
+    e.probe = base + QStringLiteral("-chk");
+    e.commandFd = listenOn(e.command);
+    e.probeFd = e.commandFd >= 0 ? listenOn(e.probe) : -1;
+    if (!e.isValid()) {
+        if (e.commandFd >= 0)
+            ::close(e.commandFd);
         return false;
-    QLocalSocket socket;
-    socket.connectToServer(name);
-    const bool alive = socket.waitForConnected(3000);
-    socket.abort();
-    return alive;
+    }
+    *endpoints = e;
+    return true;
 }
 
-bool send(const QString &name, const QString &text, int timeoutMs)
+qint64 ownerOf(const QString &endpoint)
 {
-    if (name.isEmpty())
-        return false;
-    QLocalSocket socket;
-    // A busy receiver may have a full backlog for a moment; try a few times.
-    for (int attempt = 0; attempt < 20; ++attempt) {
-        socket.connectToServer(name);
-        if (socket.waitForConnected(3000))
-            break;
-        if (socket.error() == QLocalSocket::ServerNotFoundError)
-            return false;
-        socket.abort();
-        QThread::msleep(50);
-    }
-    if (socket.state() != QLocalSocket::ConnectedState)
-        return false;
-    socket.write(frame(text));
-    if (!socket.waitForBytesWritten(5000))
-        return false;
-    QByteArray answer;
+    static const QRegularExpression re(QStringLiteral("/quorvel-\\d+-(\\d+)(-\\d+)?-(cmd|chk)$"));
+    const QRegularExpressionMatch m = re.match(endpoint);
+    return m.hasMatch() ? m.captured(1).toLongLong() : 0;
+}
+
+SendResult send(
+    const QString &name, const QString &text, const SendTimes &times, const std::function<void()> &received)
+{
+    sockaddr_un address;
+    if (!toAddress(name, &address))
+        return SendResult::NoInstance;
+    Fd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (socket.get() < 0)
+        return SendResult::NoInstance;
     QElapsedTimer clock;
     clock.start();
-    while (answer.size() < kAnswer.size() && clock.elapsed() < timeoutMs) {
-        if (!socket.waitForReadyRead(static_cast<int>(timeoutMs - clock.elapsed())))
+    // A full backlog (a burst of starts, or a hung receiver) answers EAGAIN:
+    // try again until the receipt time is up.
+    while (::connect(socket.get(), reinterpret_cast<sockaddr *>(&address), sizeof(address)) != 0) {
+        if (errno == EAGAIN || errno == EINTR) {
+            if (clock.elapsed() > times.receiptMs)
+                return SendResult::NoAnswer;
+            QThread::msleep(10);
+            continue;
+        }
+        if (errno == EINPROGRESS) {
+            if (!waitFor(socket.get(), POLLOUT, clock, times.receiptMs))
+                return SendResult::NoAnswer;
             break;
-        answer += socket.readAll();
+        }
+        return SendResult::NoInstance; // no socket file, or nobody listens on it
     }
-    return answer.startsWith(kAnswer);
+
+    const QByteArray data = frame(text);
+    qsizetype written = 0;
+    while (written < data.size()) {
+        if (!waitFor(socket.get(), POLLOUT, clock, times.receiptMs))
+            return SendResult::NoAnswer;
+        const ssize_t n = ::send(socket.get(), data.constData() + written,
+            static_cast<size_t>(data.size() - written), MSG_NOSIGNAL);
+        if (n < 0 && errno != EAGAIN && errno != EINTR)
+            return SendResult::Dropped;
+        written += qMax<ssize_t>(n, 0);
+    }
+
+    QByteArray answer;
+    bool gotReceipt = false;
+    QElapsedTimer handling;
+    for (;;) {
+        const bool ready = gotReceipt ? waitFor(socket.get(), POLLIN, handling, times.doneMs)
+                                      : waitFor(socket.get(), POLLIN, clock, times.receiptMs);
+        if (!ready)
+            return gotReceipt ? SendResult::Unconfirmed : SendResult::NoAnswer;
+        char buffer[16];
+        const ssize_t n = ::recv(socket.get(), buffer, sizeof(buffer), 0);
+        if (n < 0 && (errno == EAGAIN || errno == EINTR))
+            continue;
+        if (n <= 0)
+            return SendResult::Dropped;
+        answer.append(buffer, n);
+        if (!gotReceipt && answer.startsWith("AC")) {
+            gotReceipt = true;
+            handling.start();
+            if (received)
+                received();
+        }
+        if (answer.startsWith("ACOK"))
+            return SendResult::Done;
+    }
 }
 
 } // namespace handoff
-
-HandoffServer::HandoffServer(QObject *parent) : QObject(parent) {}
-
-HandoffServer::~HandoffServer()
-{
-    for (QLocalServer *server : {m_command.get(), m_probe.get()}) {
-        if (server)
-            server->close();
-    }
-}
-
-bool HandoffServer::listen()
-{
-    const QString base = runtimeFolder() + QStringLiteral("/quorvel-%1-%2")
-                                                .arg(getuid())
-                                                .arg(QCoreApplication::applicationPid());
-    auto open = [this](std::unique_ptr<QLocalServer> &server, const QString &name, bool isCommand) {
-        server = std::make_unique<QLocalServer>();
-        server->setSocketOptions(QLocalServer::UserAccessOption);
-        server->setMaxPendingConnections(128);
-        QLocalServer::removeServer(name); // a leftover of a killed process with the same id
-        if (!server->listen(name)) {
-            qCWarning(lcApp) << "cannot listen on" << name << server->errorString();
-            return false;
-        }
-        QLocalServer *raw = server.get();
-        connect(raw, &QLocalServer::newConnection, this, [this, raw, isCommand] { accept(raw, isCommand); });
-        return true;
-    };
-    return open(m_command, base + QStringLiteral("-cmd"), true)
-           && open(m_probe, base + QStringLiteral("-chk"), false);
-}
-
-InstanceRegistry::Endpoints HandoffServer::endpoints() const
-{
-    InstanceRegistry::Endpoints e;
-    e.command = m_command ? m_command->fullServerName() : QString();
-    e.probe = m_probe ? m_probe->fullServerName() : QString();
-    return e;
-}
-
-void HandoffServer::accept(QLocalServer *server, bool isCommand)
-{
-    while (QLocalSocket *socket = server->nextPendingConnection()) {
-        if (!sameUser(socket)) {
-            qCWarning(lcApp) << "refused a hand-off from another user";
-            socket->abort();
-            socket->deleteLater();
-            continue;
-        }
-        auto *idle = new QTimer(socket);
-        idle->setSingleShot(true);
-        connect(idle, &QTimer::timeout, socket, [socket] { socket->abort(); });
-        idle->start(kIdleMs);
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket, isCommand] { readFrom(socket, isCommand); });
-        connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
-            m_buffers.remove(socket);
-            socket->deleteLater();
-        });
-        if (socket->bytesAvailable() > 0)
-            readFrom(socket, isCommand);
-    }
-}
-
-void HandoffServer::readFrom(QLocalSocket *socket, bool isCommand)
-{
-    QByteArray &buffer = m_buffers[socket];
-    buffer += socket->readAll();
-    QString text;
-    const int result = handoff::unframe(buffer, &text);
-    if (result == 0)
-        return;
-    m_buffers.remove(socket);
-    disconnect(socket, &QLocalSocket::readyRead, this, nullptr);
-    if (result < 0) {
-        qCWarning(lcApp) << "dropped a malformed hand-off message";
-        socket->abort();
-        return;
-    }
-    if (auto *idle = socket->findChild<QTimer *>())
-        idle->stop();
-    QPointer<QLocalSocket> guard(socket);
-    auto answer = [guard] {
-        if (guard && guard->state() == QLocalSocket::ConnectedState) {
-            guard->write(kAnswer);
-            guard->flush();
-            guard->disconnectFromServer();
-        }
-    };
-    if (!isCommand) {
-        if (text == QLatin1String("Hello"))
-            emit helloReceived();
-        answer();
-        return;
-    }
-    if (m_onCommand && !text.isEmpty())
-        m_onCommand(text, answer);
-    else
-        answer();
-}
 
 } // namespace quorvel

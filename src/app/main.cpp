@@ -1,15 +1,26 @@
-// Entry of the program. `quorvel FILE` plays a file (or hands it to the
-// running instance); `quorvel FILE *Add` only adds it; `quorvel --report
-// FILE` prints the file's media report without opening a window.
+// Entry of the program. `quorvel FILE...` plays the first file and adds the
+// rest (or hands them all to the running instance, which only adds them);
+// `*Add` among the files only adds; `quorvel --report FILE` prints the
+// file's media report without opening a window.
+//
+// Whether this start becomes the player or hands its files over is decided
+// before Qt connects to the display. A running instance that does not answer
+// (stopped, hung) is reported on stderr and the start ends with status 1: it
+// neither waits for it nor opens a second window beside it, so the user is
+// told and no file is silently lost.
 
 #include "app/application.h"
+#include "app/commandline.h"
+#include "app/handoffserver.h"
 #include "app/mainwindow.h"
+#include "app/startup.h"
 #include "media/reportcommand.h"
 
 #include <QCoreApplication>
 #include <QFile>
 
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <thread>
 
@@ -27,8 +38,30 @@ int main(int argc, char **argv)
         return quorvel::RunReportCommand(arguments[1]);
     }
 
+    const QByteArray platform = quorvel::QtPlatformToUse(
+        qgetenv("QT_QPA_PLATFORM"), qgetenv("WAYLAND_DISPLAY"), qgetenv("XDG_SESSION_TYPE"));
+    if (!platform.isEmpty())
+        qputenv("QT_QPA_PLATFORM", platform);
+
+    QCoreApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
+    QCoreApplication::setApplicationName(QStringLiteral("Brenlow Quorvel"));
+    const quorvel::CommandLine command
+        = quorvel::CommandLine::parse(arguments, quorvel::CallerWorkingFolder());
+    quorvel::SystemInstanceChannel channel;
+    quorvel::StartupNegotiator negotiator(channel, quorvel::StartupNegotiator::defaultLockPath());
+    const quorvel::StartupDecision decision
+        = negotiator.decide(command, quorvel::NewInstanceWanted(quorvel::ExecutableFolder()));
+    if (decision.outcome == quorvel::StartupDecision::Outcome::HandedOver)
+        return 0;
+    if (decision.outcome == quorvel::StartupDecision::Outcome::Failed) {
+        std::fprintf(stderr, "%s\n", decision.message.toLocal8Bit().constData());
+        return 1;
+    }
+
     quorvel::Application app(qtArgc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
+    auto receiver = std::make_unique<quorvel::HandoffServer>();
+    if (!decision.endpoints.isValid() || !receiver->adopt(decision.endpoints))
+        receiver.reset();
 
     quorvel::MainWindow window;
     QObject::connect(&window, &quorvel::MainWindow::closing, [] {
@@ -40,8 +73,7 @@ int main(int argc, char **argv)
             std::_Exit(0);
         }).detach();
     });
-    if (!window.FormLoad(arguments))
-        return 0; // the running instance has the file now
+    window.FormLoad({decision.files, command.forcePlay}, std::move(receiver));
     window.show();
     return app.exec();
 }

@@ -6,7 +6,7 @@
 // owns, the window only hosts and forwards.
 
 #include "app/appstate.h"
-#include "app/instance.h"
+#include "app/handoffserver.h"
 #include "app/settings.h"
 #include "common/notifier.h"
 #include "menus/menumodel.h"
@@ -56,9 +56,10 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-    // Runs the start-up sequence. Returns false when this process only handed
-    // its command line to the running instance and must end now.
-    bool FormLoad(const QStringList &arguments);
+    // Runs the start-up sequence of the running instance: builds everything,
+    // adds the files of `command` and then serves later starts through
+    // `receiver` (none in tests, or when the system refused the endpoints).
+    void FormLoad(const CommandLine &command = {}, std::unique_ptr<HandoffServer> receiver = nullptr);
 
     // Reads "Config.cfg" (defaults on damage), rebuilds the engine options and
     // applies the window settings.
@@ -66,7 +67,7 @@ public:
     void WriteConfigurations();
     void SetLoadedOptions();
 
-    // Adds a file handed over by a later start; `done` runs once it is in.
+    // Adds the files handed over by a later start; `done` runs once they are in.
     void receiveCommand(const QString &command, std::function<void()> done);
 
     Settings &settings() { return m_settings; }

@@ -6,7 +6,7 @@
 #include "mainwindow.h"
 
 #include "app/configfile.h"
-#include "app/instance.h"
+#include "app/handoffserver.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
 #include "common/logging.h"
@@ -23,12 +23,11 @@
 #include "playlist/playlist.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QTimer>
 
 namespace quorvel {
 
-bool MainWindow::FormLoad(const QStringList &arguments)
+void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffServer> receiver)
 {
     m_isLoading = true;
     m_forcePlay = true;
@@ -46,40 +45,30 @@ bool MainWindow::FormLoad(const QStringList &arguments)
     m_transport->applyStoredModes();
     m_transport->DoAfter(AfterDoNothing);
 
-    // The command line: quotes removed; a trailing " *Add" only adds.
-    m_tables.command = CommandLine::parse(arguments);
-    m_forcePlay = m_tables.command.forcePlay;
-    const QString &handOff = m_tables.command.handOffText;
-    const QString &path = m_tables.command.commandPath;
-
-    const InstanceRegistry::Endpoints known = InstanceRegistry::read();
-    if (known.command != QLatin1String("-1") && !IsSet(m_settings.UseNewInstance)) {
-        if (!handOff.isEmpty()) {
-            if (handoff::endpointAlive(known.probe)) {
-                if (IsSupportedFile(path) && !handoff::send(known.command, handOff))
-                    qCWarning(lcApp) << "the running instance did not take" << handOff;
-                return false;
-            }
-        } else if (handoff::send(known.probe, QStringLiteral("Hello"), 5000)) {
-            return false;
-        }
+    // Whether this process runs was decided before the window was built
+    // (see main.cpp); `receiver` serves the later starts.
+    m_tables.command = command;
+    m_forcePlay = command.forcePlay;
+    // Every file goes to the playlist, which says why it refuses one; the
+    // first one plays unless the add-only marker was given.
+    bool first = true;
+    for (const QString &path : command.files) {
+        m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay && first);
+        first = false;
     }
 
-    m_handoff = std::make_unique<HandoffServer>();
-    if (m_handoff->listen()) {
+    m_handoff = std::move(receiver);
+    if (m_handoff) {
         connect(m_handoff.get(), &HandoffServer::helloReceived, this,
                 [] { qCDebug(lcApp) << "a later start found this instance running"; });
+        // Set after this start's own files, so handed-over files queue behind them.
         m_handoff->setCommandHandler(
-            [this](const QString &command, std::function<void()> done) { receiveCommand(command, std::move(done)); });
-        InstanceRegistry::write(m_handoff->endpoints());
+            [this](const QString &text, std::function<void()> done) { receiveCommand(text, std::move(done)); });
     }
-
-    if (QFileInfo(path).isFile() && IsSupportedFile(path))
-        m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay);
     m_isLoading = false;
     m_transport->movieTimer().start();
-    qCDebug(lcApp) << "running instance ready";
-    return true;
+    qCDebug(lcApp) << "running instance ready, process" << QCoreApplication::applicationPid() << "on"
+                   << QGuiApplication::platformName();
 }
 
 void MainWindow::InitPlayer()
@@ -148,14 +137,19 @@ void MainWindow::WriteConfigurations()
         qCWarning(lcApp) << "could not write" << m_tables.ConfigPath;
 }
 
-void MainWindow::receiveCommand(const QString &received, std::function<void()> done)
+void MainWindow::receiveCommand(const QString &text, std::function<void()> done)
 {
+    const QStringList files = CommandLine::filesOf(text);
+    qCDebug(lcApp) << "hand-off received:" << files;
+    if (files.isEmpty()) {
+        done();
+        return;
+    }
     flashCaption();
-    const QString command = CommandLine::stripAddMarker(received);
-    qCDebug(lcApp) << "hand-off received:" << command;
-    // A handed-over file is only added, never started, whatever the marker said.
-    m_playlist->LoadThumb(GetFileTitle(command), command, IsSet(m_settings.LaunchFullScreen), false,
-                          std::move(done));
+    // Handed-over files are only added, never started, whatever the marker said.
+    for (qsizetype i = 0; i < files.size(); ++i)
+        m_playlist->LoadThumb(GetFileTitle(files[i]), files[i], IsSet(m_settings.LaunchFullScreen), false,
+                              i + 1 == files.size() ? std::move(done) : std::function<void()>());
 }
 
 } // namespace quorvel

@@ -1,35 +1,47 @@
 #include "app/commandline.h"
+#include "app/startup.h"
 
 #include <gtest/gtest.h>
 
 using namespace quorvel;
 
-TEST(CommandLine, JoinsArgumentsRemovesQuotesAndCutsTheAddMarker)
+TEST(CommandLine, EachArgumentIsOneFileMadeAbsoluteAgainstTheCallersFolder)
 {
-    CommandLine c = CommandLine::parse({u"/films/my clip.mp4"_qs});
-    EXPECT_EQ(c.commandPath, u"/films/my clip.mp4"_qs);
-    EXPECT_EQ(c.handOffText, u"/films/my clip.mp4"_qs);
-    EXPECT_TRUE(c.forcePlay);
+    const QString here = u"/home/u/films"_qs;
+    struct Case {
+        QStringList arguments;
+        QStringList files;
+        bool forcePlay;
+    };
+    const Case cases[] = {
+        { {}, {}, true },
+        { {u"t1.mp4"_qs, u"t2.mp4"_qs, u"t3.mp4"_qs},
+            {here + u"/t1.mp4"_qs, here + u"/t2.mp4"_qs, here + u"/t3.mp4"_qs}, true},
+        // Quotes, blanks, '#', a leading dash and line breaks are part of the name.
+        { {u"/m/say \"hi\".mp4"_qs, u"-reverse #1 a b.mkv"_qs, u"a\nb.mp3"_qs},
+            {u"/m/say \"hi\".mp4"_qs, here + u"/-reverse #1 a b.mkv"_qs, here + u"/a\nb.mp3"_qs}, true},
+        // The marker may stand anywhere.
+        { {u"a.mp3"_qs, u"*Add"_qs, u"/x/b.mp3"_qs}, {here + u"/a.mp3"_qs, u"/x/b.mp3"_qs}, false },
+        { {u"*Add"_qs, u"/x/*Add/y.mp4"_qs}, {u"/x/*Add/y.mp4"_qs}, false },
+        { {u"./sub/../c.mp4"_qs, u"../d.mp4"_qs}, {here + u"/c.mp4"_qs, u"/home/u/d.mp4"_qs}, true },
+        { {u"file:///m/with%20blank%23.mp4"_qs, u"FILE:///m/x.mp4"_qs},
+            {u"/m/with blank#.mp4"_qs, u"/m/x.mp4"_qs}, true},
+    };
+    for (const Case &c : cases) {
+        const CommandLine parsed = CommandLine::parse(c.arguments, here);
+        EXPECT_EQ(parsed.files, c.files) << c.arguments.join(u'|').toStdString();
+        EXPECT_EQ(parsed.forcePlay, c.forcePlay) << c.arguments.join(u'|').toStdString();
+        // The hand-off carries the list whole, character for character.
+        EXPECT_EQ(CommandLine::filesOf(parsed.handOffText()), c.files);
+    }
+    EXPECT_TRUE(CommandLine::filesOf(u"/a.mp4"_qs).isEmpty());
+    EXPECT_TRUE(CommandLine::filesOf(u"[\"/a.mp4\", 3]"_qs).isEmpty());
+}
 
-    c = CommandLine::parse({u"\"/films/my clip.mp4\""_qs});
-    EXPECT_EQ(c.commandPath, u"/films/my clip.mp4"_qs);
-
-    c = CommandLine::parse({u"/films/a.mp3"_qs, u"*Add"_qs});
-    EXPECT_FALSE(c.forcePlay);
-    EXPECT_EQ(c.commandPath, u"/films/a.mp3"_qs);
-    EXPECT_EQ(c.handOffText, u"/films/a.mp3 *Add"_qs); // the receiver cuts it itself
-
-    // Two paths are one text: no such file exists.
-    c = CommandLine::parse({u"/a.mp3"_qs, u"/b.mp3"_qs});
-    EXPECT_EQ(c.commandPath, u"/a.mp3 /b.mp3"_qs);
-
-    c = CommandLine::parse({});
-    EXPECT_TRUE(c.handOffText.isEmpty());
-    EXPECT_TRUE(c.forcePlay);
-
-    // Only the trailing marker counts; a lone marker leaves nothing.
-    c = CommandLine::parse({u"/x/*Add/y.mp4"_qs});
-    EXPECT_TRUE(c.forcePlay);
-    EXPECT_EQ(CommandLine::stripAddMarker(u"*Add"_qs), QString());
-    EXPECT_EQ(CommandLine::stripAddMarker(u"/a.mp4 *Add"_qs), u"/a.mp4"_qs);
+TEST(CommandLine, QtRunsOnXcbInAWaylandSessionUnlessThePlatformWasChosen)
+{
+    EXPECT_EQ(QtPlatformToUse("", "wayland-0", ""), "xcb");
+    EXPECT_EQ(QtPlatformToUse("", "", "wayland"), "xcb");
+    EXPECT_EQ(QtPlatformToUse("wayland", "wayland-0", "wayland"), "");
+    EXPECT_EQ(QtPlatformToUse("", "", "x11"), "");
 }

@@ -1,13 +1,15 @@
-#include "app/instance.h"
+#include "app/handoffserver.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QtConcurrent/QtConcurrentRun>
+#include <unistd.h>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
+constexpr auto Done = handoff::SendResult::Done;
 
 namespace {
 
@@ -63,10 +65,11 @@ TEST_F(HandoffTest, DeliversCommandsAndAnswersHello)
     int hellos = 0;
     QObject::connect(&m_server, &HandoffServer::helloReceived, [&] { ++hellos; });
 
-    EXPECT_TRUE(await(QtConcurrent::run([&] { return handoff::send(e.command, u"/x/a.mp4"_qs); })));
-    EXPECT_TRUE(await(QtConcurrent::run([&] { return handoff::send(e.probe, u"Hello"_qs); })));
-    EXPECT_TRUE(await(QtConcurrent::run([&] { return handoff::endpointAlive(e.probe); })));
+    EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(e.command, u"/x/a.mp4"_qs); })), Done);
+    EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(e.probe, u"Hello"_qs); })), Done);
     EXPECT_EQ(m_received, QStringList{u"/x/a.mp4"_qs});
+    while (hellos == 0) // reported to this thread after the answer went out
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     EXPECT_EQ(hellos, 1);
 }
 
@@ -89,18 +92,18 @@ TEST_F(HandoffTest, HostileSendersAreDroppedAndOthersStillServed)
     oversized += QByteArray(4096, 'a');
     EXPECT_TRUE(await(QtConcurrent::run([&] { return rawSend(oversized); })).isEmpty());
     EXPECT_TRUE(m_received.isEmpty());
-    EXPECT_TRUE(await(QtConcurrent::run([&] { return handoff::send(name, u"/ok.mp3"_qs); })));
+    EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(name, u"/ok.mp3"_qs); })), Done);
     EXPECT_EQ(m_received, QStringList{u"/ok.mp3"_qs});
 }
 
 TEST_F(HandoffTest, ManySendersAtOnceAreEachServedOnce)
 {
     const QString name = m_server.endpoints().command;
-    QList<QFuture<bool>> sends;
+    QList<QFuture<handoff::SendResult>> sends;
     for (int i = 0; i < 20; ++i)
         sends << QtConcurrent::run([name, i] { return handoff::send(name, u"/clip%1.mp4"_qs.arg(i)); });
     for (auto &f : sends)
-        EXPECT_TRUE(await(f));
+        EXPECT_EQ(await(f), Done);
     EXPECT_EQ(m_received.size(), 20);
     m_received.removeDuplicates();
     EXPECT_EQ(m_received.size(), 20);
@@ -109,12 +112,45 @@ TEST_F(HandoffTest, ManySendersAtOnceAreEachServedOnce)
 TEST(Handoff, AStaleOrMissingEndpointIsNotAlive)
 {
     QTemporaryDir dir;
-    EXPECT_FALSE(handoff::endpointAlive(dir.filePath(u"nobody-listens"_qs)));
-    EXPECT_FALSE(handoff::endpointAlive(QString()));
-    EXPECT_FALSE(handoff::send(dir.filePath(u"nobody-listens"_qs), u"x"_qs));
+    EXPECT_EQ(handoff::send(QString(), u"x"_qs), handoff::SendResult::NoInstance);
+    EXPECT_EQ(handoff::send(dir.filePath(u"nobody-listens"_qs), u"x"_qs), handoff::SendResult::NoInstance);
     // A socket file left behind by a killed process.
     QFile stale(dir.filePath(u"stale"_qs));
     ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
     stale.close();
-    EXPECT_FALSE(handoff::endpointAlive(stale.fileName()));
+    EXPECT_EQ(handoff::send(stale.fileName(), u"x"_qs), handoff::SendResult::NoInstance);
+}
+
+TEST_F(HandoffTest, ReceiptComesAtOnceAndCommandsWaitInOrderForTheirHandler)
+{
+    HandoffServer later;
+    ASSERT_TRUE(later.listen());
+    const QString name = later.endpoints().command;
+    // No handler yet (the window is still being built): receipts still come.
+    std::atomic<int> receipts = 0;
+    const handoff::SendTimes quick{5000, 200};
+    auto first = QtConcurrent::run([&] { return handoff::send(name, u"one"_qs, quick, [&] { ++receipts; }); });
+    EXPECT_EQ(await(first), handoff::SendResult::Unconfirmed);
+    auto second = QtConcurrent::run([&] { return handoff::send(name, u"two"_qs, {}, [&] { ++receipts; }); });
+    while (receipts < 2)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    QStringList handled;
+    later.setCommandHandler([&](const QString &text, std::function<void()> done) {
+        handled << text;
+        done();
+    });
+    EXPECT_EQ(await(second), Done);
+    EXPECT_EQ(handled, (QStringList{u"one"_qs, u"two"_qs}));
+}
+
+TEST(Handoff, AHungReceiverIsToldApartWithinTheReceiptTime)
+{
+    QTemporaryDir dir;
+    ListeningEndpoints hung; // listens, but nobody ever reads: a stopped process
+    ASSERT_TRUE(handoff::listen(dir.path(), &hung));
+    EXPECT_EQ(handoff::send(hung.command, u"x"_qs, {300, 300}), handoff::SendResult::NoAnswer);
+    EXPECT_EQ(handoff::ownerOf(hung.command), getpid());
+    ::close(hung.commandFd);
+    ::close(hung.probeFd);
+    EXPECT_EQ(handoff::send(hung.command, u"x"_qs), handoff::SendResult::NoInstance);
 }

@@ -50,7 +50,7 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     QFile::remove(ProgramFolder() + u"Config.cfg"_qs);
 
     MainWindow window;
-    ASSERT_TRUE(window.FormLoad({}));
+    window.FormLoad();
     EXPECT_FALSE(window.isLoading());
     EXPECT_EQ(window.windowTitle(), u"Quorvel"_qs);
     EXPECT_EQ(window.size(), QSize(388, 515));

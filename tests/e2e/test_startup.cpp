@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QRegularExpression>
+#include <QUrl>
 #include <QThread>
 #include <csignal>
 
@@ -113,10 +114,12 @@ TEST_F(E2eTest, LaterStartsHandTheirFilesOverWithoutPlayingThem)
     ASSERT_TRUE(hello->waitForExit());
     EXPECT_TRUE(running->waitForLog(QStringLiteral("found this instance running")).hasMatch());
 
-    // A file that is not media is not sent at all.
+    // A file that is no media is sent too, and refused with a message.
     auto text = launch({m_box.path(QStringLiteral("notes.txt"))});
     ASSERT_TRUE(text->waitForExit());
-    EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 3);
+    EXPECT_EQ(text->exitCode(), 0);
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("message shown:.*notes\\.txt")).hasMatch()) << running->log().toStdString();
+    EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 4);
 }
 
 TEST_F(E2eTest, TwentyStartsAtOnceAreAllAddedOnce)
@@ -182,4 +185,140 @@ TEST_F(E2eTest, NewInstanceSettingStartsASeparateReceiver)
     EXPECT_TRUE(b->waitForLog(QStringLiteral("started .*separate\\.mp4")).hasMatch());
     EXPECT_TRUE(a->isRunning());
     EXPECT_FALSE(a->log().contains(QStringLiteral("separate.mp4")));
+}
+
+namespace {
+
+// `added "..." as entry k` lines of a trace, in order (QDebug escapes quotes).
+QStringList addedFiles(const QString &log)
+{
+    QStringList files;
+    static const QRegularExpression re(QStringLiteral("added \"((?:[^\"\\\\]|\\\\.)*)\" as entry"));
+    for (auto it = re.globalMatch(log); it.hasNext();)
+        files << it.next().captured(1).replace(QStringLiteral("\\\""), QStringLiteral("\""));
+    return files;
+}
+
+} // namespace
+
+TEST_F(E2eTest, StartsAtTheSameMomentMakeOneWindowWithEveryFileInTurnOrder)
+{
+    // As a file manager does with a selection: one process per file, all at once.
+    constexpr int kStarts = 6;
+    QString script = QStringLiteral("cd '%1' || exit 1; ").arg(m_box.path(QString()));
+    for (int i = 0; i < kStarts; ++i) {
+        copyOf(clip(), QStringLiteral("at once %1.mp4").arg(i));
+        script += QStringLiteral("( \"$QUORVEL\" 'at once %1.mp4'; echo \"sender exit $?\" ) & ").arg(i);
+    }
+    auto shell = std::make_unique<QuorvelProcess>(m_box, x().display());
+    shell->startShell(script + QStringLiteral("wait"));
+    ASSERT_TRUE(waitForCount(*shell, QStringLiteral("sender exit "), kStarts - 1))
+        << shell->log().toStdString();
+    ASSERT_TRUE(waitForCount(*shell, QStringLiteral("\" as entry"), kStarts)) << shell->log().toStdString();
+    const QString log = shell->log();
+    EXPECT_EQ(countOf(log, QStringLiteral("running instance ready")), 1) << log.toStdString();
+    EXPECT_EQ(countOf(log, QStringLiteral("sender exit 0")), kStarts - 1) << log.toStdString();
+
+    // The playlist holds the files in the order the starts got their turn.
+    QMap<int, QString> byTurn;
+    static const QRegularExpression turn(QStringLiteral("negotiating, turn (\\d+) files \\[\"([^\"]*)\"\\]"));
+    for (auto it = turn.globalMatch(log); it.hasNext();) {
+        const auto m = it.next();
+        byTurn.insert(m.captured(1).toInt(), m.captured(2));
+    }
+    ASSERT_EQ(byTurn.size(), kStarts) << log.toStdString();
+    EXPECT_EQ(addedFiles(log), byTurn.values()) << log.toStdString();
+
+    const QRegularExpressionMatch ready
+        = QRegularExpression(QStringLiteral("running instance ready, process (\\d+)")).match(log);
+    ASSERT_TRUE(ready.hasMatch());
+    ::kill(static_cast<pid_t>(ready.captured(1).toLongLong()), SIGTERM);
+    EXPECT_TRUE(shell->waitForExit());
+}
+
+TEST_F(E2eTest, EachArgumentIsOneFileTakenAgainstTheCallersFolder)
+{
+    QDir().mkpath(m_box.path(QStringLiteral("a")));
+    QDir().mkpath(m_box.path(QStringLiteral("b")));
+    const QStringList names { QStringLiteral("a/t1.mp4"), QStringLiteral("a/say \"hi\".mp4"),
+        QStringLiteral("b/-lead #2 x.mp4"), QStringLiteral("b/uri file.mp4") };
+    for (const QString &n : names)
+        copyOf(clip(), n);
+
+    // First start: every argument is a file, all are added in order, the
+    // first plays, and a missing one says so.
+    auto running = std::make_unique<QuorvelProcess>(m_box, x().display());
+    running->setWorkingDirectory(m_box.path(QStringLiteral("a")));
+    running->start(
+        { QStringLiteral("t1.mp4"), QStringLiteral("say \"hi\".mp4"), QStringLiteral("gone.mp4") });
+    ASSERT_TRUE(running->waitForLog(QStringLiteral("started .*a/t1\\.mp4")).hasMatch())
+        << running->log().toStdString();
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("message shown:.*a/gone\\.mp4")).hasMatch())
+        << running->log().toStdString();
+    // A later start in another folder hands its relative names over in one
+    // message; the same file named another way is one entry.
+    auto sender = std::make_unique<QuorvelProcess>(m_box, x().display());
+    sender->setWorkingDirectory(m_box.path(QStringLiteral("b")));
+    sender->start({ QStringLiteral("-lead #2 x.mp4"), QStringLiteral("../a/t1.mp4"),
+        QUrl::fromLocalFile(m_box.path(QStringLiteral("b/uri file.mp4"))).toString(),
+        QStringLiteral("*Add") });
+    ASSERT_TRUE(sender->waitForExit());
+    EXPECT_EQ(sender->exitCode(), 0) << sender->log().toStdString();
+    EXPECT_TRUE(waitForCount(*running, QStringLiteral("\" as entry"), 4));
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("message shown:.*t1\\.mp4.* is already in")).hasMatch());
+    QStringList expected;
+    for (const QString &n : names)
+        expected << m_box.path(n);
+    EXPECT_EQ(addedFiles(running->log()), expected) << running->log().toStdString();
+    EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 1);
+    EXPECT_EQ(countOf(running->log(), QStringLiteral("started \"")), 1); // the handed-over files only wait
+
+    // With the add-only marker anywhere, a first start plays nothing.
+    running->terminate();
+    ASSERT_TRUE(running->waitForExit());
+    auto addOnly = launchInstance({m_box.path(names[0]), QStringLiteral("*Add"), m_box.path(names[2])});
+    EXPECT_TRUE(waitForCount(*addOnly, QStringLiteral("\" as entry"), 2)) << addOnly->log().toStdString();
+    EXPECT_EQ(countOf(addOnly->log(), QStringLiteral("started \"")), 0);
+}
+
+TEST_F(E2eTest, AHungInstanceIsReportedNeitherWaitedForNorDoubled)
+{
+    auto running = launchInstance({});
+    ASSERT_EQ(::kill(static_cast<pid_t>(running->pid()), SIGSTOP), 0);
+    const QString file = copyOf(clip(), QStringLiteral("to a hung one.mp4"));
+    auto sender = launch({file});
+    ASSERT_TRUE(sender->waitForExit(60000));
+    EXPECT_EQ(sender->exitCode(), 1);
+    EXPECT_TRUE(
+        sender->log().contains(QStringLiteral("does not answer; these files were not added: \"") + file))
+        << sender->log().toStdString();
+    auto plain = launch({});
+    ASSERT_TRUE(plain->waitForExit(60000));
+    EXPECT_EQ(plain->exitCode(), 1);
+    EXPECT_TRUE(plain->log().contains(QStringLiteral("no second window was opened")))
+        << plain->log().toStdString();
+    EXPECT_FALSE(plain->log().contains(QStringLiteral("running instance ready")));
+
+    // Woken up, the instance serves the next start as before.
+    ::kill(static_cast<pid_t>(running->pid()), SIGCONT);
+    auto again = launch({file});
+    ASSERT_TRUE(again->waitForExit());
+    EXPECT_EQ(again->exitCode(), 0);
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("added .*to a hung one\\.mp4")).hasMatch());
+}
+
+TEST_F(E2eTest, VideoShowsOnAWaylandSession)
+{
+    const QString file = copyOf(clip(), QStringLiteral("wayland.mp4"));
+    auto q = std::make_unique<QuorvelProcess>(m_box, x().display());
+    q->setEnv(QStringLiteral("QT_QPA_PLATFORM"), QString());
+    q->setEnv(QStringLiteral("WAYLAND_DISPLAY"), m_box.path(QStringLiteral("runtime/wayland-gone")));
+    q->setEnv(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
+    q->start({file});
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch())
+        << q->log().toStdString();
+    // Qt went to X11 straight away instead of trying the Wayland display first.
+    EXPECT_FALSE(q->log().contains(QStringLiteral("\"wayland\""))) << q->log().toStdString();
+    EXPECT_TRUE(q->log().contains(QStringLiteral("running instance ready, process"))
+                && q->log().contains(QStringLiteral(" on \"xcb\"")));
 }

@@ -94,6 +94,26 @@ void QuorvelProcess::start(const QStringList &arguments)
     m_process->start();
 }
 
+void QuorvelProcess::startShell(const QString &script)
+{
+    QProcessEnvironment env = m_process->processEnvironment();
+    env.insert(QStringLiteral("QUORVEL"), m_process->program());
+    m_process->setProcessEnvironment(env);
+    m_process->setProgram(QStringLiteral("/bin/sh"));
+    m_process->setArguments({QStringLiteral("-c"), script});
+    m_process->start();
+}
+
+void QuorvelProcess::setEnv(const QString &name, const QString &value)
+{
+    QProcessEnvironment env = m_process->processEnvironment();
+    if (value.isNull())
+        env.remove(name);
+    else
+        env.insert(name, value);
+    m_process->setProcessEnvironment(env);
+}
+
 bool QuorvelProcess::waitForStarted()
 {
     return m_process->waitForStarted(10000);

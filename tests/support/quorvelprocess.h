@@ -37,6 +37,11 @@ public:
     // Sets an environment variable for the next start.
     void setVariable(const QString &name, const QString &value);
     void start(const QStringList &arguments);
+    // Runs `script` with /bin/sh instead, the program's path in $QUORVEL.
+    void startShell(const QString &script);
+    // For the next start: sets `name`, or removes it when `value` is null.
+    void setEnv(const QString &name, const QString &value);
+    void setWorkingDirectory(const QString &dir) { m_process->setWorkingDirectory(dir); }
     bool waitForStarted();
     // Waits until the trace holds a line matching `pattern`; returns the match.
     QRegularExpressionMatch waitForLog(const QString &pattern, int timeoutMs = 30000);
