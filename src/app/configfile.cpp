@@ -9,6 +9,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <limits>
+#include <utility>
 
 namespace quorvel {
 
@@ -183,7 +184,9 @@ ConfigLocation ConfigFile::locate(const QString &programFolder, const QString &u
     // beside the program; until then that file's values are the user's.
     const bool userHasSaved = userInfo.isFile() && userInfo.isReadable();
     where.readPath = besideIsFile && besideInfo.isReadable() && !userHasSaved ? beside : user;
-    if (besideInfo.exists())
+    // Said once: start-up asks before the window does.
+    static bool told = false;
+    if (besideInfo.exists() && !std::exchange(told, true))
         qCWarning(lcApp).noquote() << (besideIsFile ? "the settings file beside the program is read-only;"
                                                     : "the settings file beside the program is not a file;")
                                    << where;
