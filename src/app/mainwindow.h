@@ -9,11 +9,11 @@
 #include "app/instance.h"
 #include "app/recenthistory.h"
 #include "app/settings.h"
-#include "app/windowresizer.h"
 #include "common/notifier.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
+#include "app/windowresizer.h"
 #include "settings/keyvaluestore.h"
 #include "skin/skincontroller.h"
 
@@ -30,22 +30,19 @@ class QSystemTrayIcon;
 class QProgressBar;
 class QTimer;
 
-namespace quorvel
-{
+namespace quorvel {
 
 class FancyList;
 class FancyListThumbList;
 class Transport;
 class MediaProbe;
-namespace playback
-{
+namespace playback {
 class PowerControl;
 }
-namespace playlist
-{
+namespace playlist {
 class DialogFileChooser;
 class FileOpener;
-} // namespace playlist
+}
 class MenuBarView;
 class PaneSplitter;
 class Player;
@@ -55,8 +52,7 @@ class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
 
-class MainWindow : public QWidget, public TransportView
-{
+class MainWindow : public QWidget, public TransportView {
     Q_OBJECT
 public:
     MainWindow();
@@ -132,18 +128,17 @@ private:
     void followMediaControl(MediaAction action);
     void updatePlaylistMenuItems();
     void applyTray();
-    void ApplyAssociations() { }
+    void ApplyAssociations() {}
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
     void playHistoryEntry(int slot);
-
 public:
     // Places the playlist beside, above, below or over the video (codes 0-4)
     // or leaves it out of the panes (5).
     void SetPlaylistPosition(int layoutCode);
 
 private:
-    void requestShutdownPrivilege() { }
+    void requestShutdownPrivilege() {}
 
     AppTables m_tables;
     Settings m_settings;
