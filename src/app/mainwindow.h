@@ -7,12 +7,14 @@
 
 #include "app/appstate.h"
 #include "app/handoffserver.h"
+#include "app/recenthistory.h"
 #include "app/settings.h"
 #include "common/notifier.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
 #include "app/windowresizer.h"
+#include "settings/keyvaluestore.h"
 #include "skin/skincontroller.h"
 
 #include <QHash>
@@ -128,7 +130,9 @@ private:
     void updatePlaylistMenuItems();
     void applyTray();
     void ApplyAssociations() {}
-    void LoadHistory() {}
+    // Reads the recent-file history into the menu and keeps it up to date.
+    void LoadHistory();
+    void playHistoryEntry(int slot);
 public:
     // Places the playlist beside, above, below or over the video (codes 0-4)
     // or leaves it out of the panes (5).
@@ -183,6 +187,8 @@ private:
     std::unique_ptr<playlist::FileOpener> m_openFiles;
     std::unique_ptr<HandoffServer> m_handoff;
     std::unique_ptr<UnixSignalWatcher> m_signals;
+    std::unique_ptr<KeyValueStore> m_store;
+    std::unique_ptr<RecentHistory> m_history;
 };
 
 } // namespace quorvel

@@ -1,0 +1,60 @@
+// The recent-file history of the main window: loaded into the menu at start,
+// extended by every item that starts, and played again from the menu.
+
+#include "mainwindow.h"
+
+#include "common/logging.h"
+#include "playback/player.h"
+#include "playback/transport.h"
+#include "playlist/playlist.h"
+#include "settings/filestore.h"
+
+namespace quorvel
+{
+
+void MainWindow::LoadHistory()
+{
+    if (m_history)
+        return;
+    m_store = std::make_unique<FileStore>(FileStore::defaultPath());
+    m_history = std::make_unique<RecentHistory>(*m_store);
+    m_history->LoadRecentFiles();
+    ShowRecentFiles(*m_history, m_menu);
+    qCDebug(lcApp) << "history loaded:" << m_history->size() << "entries";
+
+    connect(m_player.get(), &Player::itemStarted, this, [this](const QString &path, const QString &title) {
+        if (!m_history->AddRecentFile(path, title))
+            return;
+        qCDebug(lcApp) << "history added" << path;
+        ShowRecentFiles(*m_history, m_menu);
+    });
+    connect(&m_menu, &MenuModel::MenuItemClick, this, [this](int position) {
+        const QString key = m_menu.KeyAt(position);
+        if (!key.startsWith(u"History"))
+            return;
+        bool ok = false;
+        const int slot = key.mid(7).toInt(&ok);
+        if (ok)
+            playHistoryEntry(slot);
+    });
+}
+
+void MainWindow::playHistoryEntry(int slot)
+{
+    const QString path = m_history->path(slot);
+    if (path.isEmpty())
+        return;
+    qCDebug(lcApp) << "history entry chosen" << slot << path;
+    // A file already in the playlist plays from its row; anything else goes
+    // through the add, whose refusal ("Cannot open file") covers a vanished file.
+    const int index = m_playlist->fullPaths().indexOf(path);
+    if (index >= 0) {
+        m_playlist->list().setSelectedItem(index);
+        m_player->PlayItem(index, false);
+        m_transport->sequence().setCursor(index);
+        return;
+    }
+    m_playlist->LoadThumb(m_history->title(slot), path, false, true);
+}
+
+} // namespace quorvel

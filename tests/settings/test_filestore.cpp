@@ -1,0 +1,84 @@
+#include "settings/filestore.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace
+{
+
+const QString kKey = QStringLiteral("Software\\Brenlow\\Quorvel\\RecentFileNames");
+
+struct StoreFile {
+    QTemporaryDir dir;
+    QString path = dir.filePath(QStringLiteral("sub/registry.json"));
+};
+
+TEST(FileStore, OddValuesRoundTripThroughTheFile)
+{
+    const QString values[] = {
+        QStringLiteral("/media/a, b \"quoted\" 'single'.mkv"),
+        QStringLiteral("/x/#not a comment;nor this=that.avi"),
+        QStringLiteral("/two\nlines\r\n and\ttab.mp3"),
+        QStringLiteral("C:\\Videos\\back\\slash.wmv"),
+        QStringLiteral("@Variant(\\0) [Group] key=value"),
+        QStringLiteral("  spaces around  "),
+        QStringLiteral("/ünïcödé/ファイル.ogg"),
+        QString(),
+    };
+    StoreFile f;
+    int n = 0;
+    for (const QString &v : values)
+        FileStore(f.path).RegSetString(kKey, QString::number(n++), v);
+    FileStore reread(f.path);
+    n = 0;
+    for (const QString &v : values) {
+        SCOPED_TRACE(v.toStdString());
+        EXPECT_EQ(reread.RegGetString(kKey, QString::number(n), QStringLiteral("missing")), v);
+        // Both separators and stray slashes name the same key.
+        EXPECT_EQ(reread.RegGetString(
+                      QStringLiteral("/Software/Brenlow//Quorvel/RecentFileNames/"), QString::number(n++)),
+            v);
+    }
+    EXPECT_EQ(reread.RegGetString(kKey, QStringLiteral("99"), QStringLiteral("missing")),
+        QStringLiteral("missing"));
+    reread.RegDeleteValueAt(kKey, QStringLiteral("0"));
+    EXPECT_EQ(FileStore(f.path).RegGetString(kKey, QStringLiteral("0"), QStringLiteral("gone")),
+        QStringLiteral("gone"));
+    EXPECT_EQ(FileStore(f.path).RegGetString(kKey, QStringLiteral("1")), values[1]);
+}
+
+TEST(FileStore, DamagedFileReadsAsEmptyAndIsRewritten)
+{
+    const QByteArray damaged[] = {
+        "\x01\xff\xfe garbage",
+        R"({"Software/Brenlow/Quorvel/RecentFileNames": {"0": "/a.mkv")",
+        R"(["not", "an", "object"])",
+        R"({"k": "a value where a key belongs"})",
+        R"({"k": {"0": 42}})",
+        "",
+    };
+    for (const QByteArray &content : damaged) {
+        SCOPED_TRACE(content.toStdString());
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("registry.json"));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+
+        FileStore store(path);
+        EXPECT_EQ(store.RegGetString(QStringLiteral("k"), QStringLiteral("0"), QStringLiteral("none")),
+            QStringLiteral("none"));
+        EXPECT_EQ(store.RegGetString(kKey, QStringLiteral("0")), QString());
+        store.RegSetString(kKey, QStringLiteral("0"), QStringLiteral("/b.mkv"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(QJsonDocument::fromJson(file.readAll()).isObject());
+        EXPECT_EQ(FileStore(path).RegGetString(kKey, QStringLiteral("0")), QStringLiteral("/b.mkv"));
+    }
+}
+
+} // namespace
