@@ -150,7 +150,7 @@ QByteArray QtPlatformToUse(
 
 bool NewInstanceWanted(const QString &programFolder)
 {
-    QFile file(ConfigFile::locate(programFolder));
+    QFile file(ConfigFile::locate(programFolder).readPath);
     if (!file.open(QIODevice::ReadOnly))
         return false;
     const std::optional<Settings> settings = ConfigFile::parse(file.readAll());
