@@ -7,12 +7,14 @@
 
 #include "app/appstate.h"
 #include "app/handoffserver.h"
+#include "app/mediacontrols.h"
 #include "app/settings.h"
 #include "common/notifier.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
 #include "app/windowresizer.h"
+#include "app/windowstates.h"
 #include "skin/skincontroller.h"
 
 #include <QHash>
@@ -120,14 +122,14 @@ private:
     void onListDoubleClicked(int index);
     void flashCaption();
 
-    // Start-up steps provided by subsystems that grow around the window.
+    // The skin pictures, the menu and the states of the controls.
     void LoadSkinImages();
     void BuildMenu();
     void onMenuItemClick(int position);
     void followMediaControl(MediaAction action);
     void updatePlaylistMenuItems();
+    void applyControls(const ControlEnables &controls);
     void applyTray();
-    void ApplyAssociations() {}
     void LoadHistory() {}
 public:
     // Places the playlist beside, above, below or over the video (codes 0-4)
@@ -135,8 +137,6 @@ public:
     void SetPlaylistPosition(int layoutCode);
 
 private:
-    void requestShutdownPrivilege() {}
-
     AppTables m_tables;
     Settings m_settings;
     SettingsEnvironment m_environment;
@@ -146,8 +146,7 @@ private:
     bool m_closing = false;
     bool m_painted = false;
     bool m_playlistFill = false;
-    bool m_inFullScreen = false;
-    QRect m_normalGeometry;
+    WindowStates m_windowStates;
 
     // Widgets (owned by the window through Qt parenting).
     PaneSplitter *m_splitter = nullptr;
@@ -163,8 +162,6 @@ private:
     SkinImages m_skinImages;
     std::unique_ptr<SkinController> m_skin;
     WindowResizer m_resizer;
-    bool m_isMaximized = false;
-    QRect m_restoreGeometry;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;
     QSize m_askedSize; // the size last asked for during an edge drag
