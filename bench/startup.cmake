@@ -13,3 +13,12 @@ add_executable(bench_playback_cpu ${CMAKE_CURRENT_LIST_DIR}/startup/bench_playba
 target_link_libraries(bench_playback_cpu PRIVATE quorvel_test_support Qt6::Widgets)
 target_compile_definitions(bench_playback_cpu PRIVATE BARE_VLC_PATH="$<TARGET_FILE:bench_bare_vlc>")
 add_dependencies(bench_playback_cpu bench_bare_vlc quorvel quorvel_data)
+
+# A later start handing a file over, against a bare Qt core program.
+add_executable(bench_bare_qt ${CMAKE_CURRENT_LIST_DIR}/startup/bare_qt.cpp)
+target_link_libraries(bench_bare_qt PRIVATE Qt6::Core)
+
+add_executable(bench_handoff ${CMAKE_CURRENT_LIST_DIR}/startup/bench_handoff.cpp)
+target_link_libraries(bench_handoff PRIVATE quorvel_test_support Qt6::Core)
+target_compile_definitions(bench_handoff PRIVATE BARE_QT_PATH="$<TARGET_FILE:bench_bare_qt>")
+add_dependencies(bench_handoff bench_bare_qt quorvel quorvel_data)

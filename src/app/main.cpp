@@ -8,21 +8,37 @@
 // (stopped, hung) is reported on stderr and the start ends with status 1: it
 // neither waits for it nor opens a second window beside it, so the user is
 // told and no file is silently lost.
+//
+// The decision needs only Qt's core library; the window, the engine and
+// ffmpeg live in the player module, loaded once this start is to play.
 
-#include "app/application.h"
 #include "app/commandline.h"
-#include "app/handoffserver.h"
-#include "app/mainwindow.h"
+#include "app/playermain.h"
 #include "app/startup.h"
-#include "media/reportcommand.h"
 
 #include <QCoreApplication>
 #include <QFile>
 
-#include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <thread>
+#include <dlfcn.h>
+
+namespace {
+
+// Loads the player module from the program's folder and runs it.
+int runPlayer(quorvel::PlayerStart &start)
+{
+    const QByteArray module = QFile::encodeName(quorvel::ExecutableFolder()) + quorvel::kPlayerModule;
+    void *handle = dlopen(module.constData(), RTLD_NOW | RTLD_LOCAL);
+    const auto entry = handle ? reinterpret_cast<quorvel::PlayerMainFunction>(dlsym(handle, quorvel::kPlayerEntry))
+                              : nullptr;
+    if (!entry) {
+        std::fprintf(stderr, "Quorvel cannot start: %s\n", dlerror());
+        return 1;
+    }
+    return entry(start);
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -32,10 +48,11 @@ int main(int argc, char **argv)
     for (int i = 1; i < argc; ++i)
         arguments << QFile::decodeName(argv[i]);
 
-    int qtArgc = 1;
+    quorvel::PlayerStart start;
+    start.argv = argv;
     if (arguments.size() == 2 && arguments[0] == u"--report") {
-        QCoreApplication app(qtArgc, argv);
-        return quorvel::RunReportCommand(arguments[1]);
+        start.reportFile = arguments[1];
+        return runPlayer(start);
     }
 
     const QByteArray platform = quorvel::QtPlatformToUse(
@@ -58,22 +75,7 @@ int main(int argc, char **argv)
         return 1;
     }
 
-    quorvel::Application app(qtArgc, argv);
-    auto receiver = std::make_unique<quorvel::HandoffServer>();
-    if (!decision.endpoints.isValid() || !receiver->adopt(decision.endpoints))
-        receiver.reset();
-
-    quorvel::MainWindow window;
-    QObject::connect(&window, &quorvel::MainWindow::closing, [] {
-        // The settings are safe. Should the engine hang while it lets go of
-        // its outputs, the process still ends: a closed player must never
-        // keep running where the user cannot see it.
-        std::thread([] {
-            std::this_thread::sleep_for(std::chrono::seconds(10));
-            std::_Exit(0);
-        }).detach();
-    });
-    window.FormLoad({decision.files, command.forcePlay}, std::move(receiver));
-    window.show();
-    return app.exec();
+    start.decision = decision;
+    start.forcePlay = command.forcePlay;
+    return runPlayer(start);
 }

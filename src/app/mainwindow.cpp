@@ -19,6 +19,7 @@
 #include "playlist/playlist.h"
 #include "skin/skinlayout.h"
 #include "skin/textellipsis.h"
+#include "skin/theme.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -74,22 +75,9 @@ void MainWindow::buildWidgets()
     m_videoFrame = new VideoFrame(this);
     m_listWidget = new FancyList(this);
     m_listWidget->setObjectName(QStringLiteral("FancyList1"));
-    QPalette listColours = m_listWidget->palette();
-    listColours.setColor(QPalette::Window, QColor(0x1b, 0x20, 0x27));
-    listColours.setColor(QPalette::Base, QColor(0x1b, 0x20, 0x27));
-    listColours.setColor(QPalette::Text, QColor(0xe6, 0xed, 0xf3));
-    listColours.setColor(QPalette::WindowText, QColor(0xe6, 0xed, 0xf3));
-    listColours.setColor(QPalette::Mid, QColor(0x2d, 0x33, 0x3b));
-    listColours.setColor(QPalette::Highlight, QColor(0x2f, 0x81, 0xf7));
-    listColours.setColor(QPalette::HighlightedText, Qt::white);
-    m_listWidget->setPalette(listColours);
+    m_listWidget->setPalette(theme::listPalette(m_listWidget->palette()));
     m_listWidget->setPlaceholderText(tr("Drop media files here"));
-    m_listWidget->scrollBar()->setStyleSheet(QStringLiteral(
-        "QScrollBar:vertical { background: #161b22; width: 10px; margin: 0; }"
-        "QScrollBar::handle:vertical { background: #3d4754; border-radius: 4px; min-height: 24px; }"
-        "QScrollBar::handle:vertical:hover { background: #4c9dff; }"
-        "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-        "QScrollBar::add-page, QScrollBar::sub-page { background: none; }"));
+    m_listWidget->scrollBar()->setStyleSheet(theme::listScrollBarStyleSheet());
     m_splitter->setPaneContent(PaneSplitter::kCentre, m_videoFrame);
 
     m_addProgress = new QProgressBar(this);
@@ -182,32 +170,28 @@ void MainWindow::flashCaption()
 
 void MainWindow::enterFullScreen(bool on)
 {
-    // Tracked here: without a window manager the window state is not reliable.
-    if (on == m_inFullScreen)
+    const QRect screenArea = screen() ? screen()->geometry() : QRect();
+    const auto step = m_windowStates.setFullScreen(on, geometry(), screenArea, m_listWidget->isVisible());
+    if (!step)
         return;
-    m_inFullScreen = on;
     qCDebug(lcApp) << "full screen" << on;
+    m_leaveFullScreen->setEnabled(on);
+    m_menuBar->setVisible(!on);
     if (on) {
-        m_normalGeometry = geometry();
-        m_listWidget->setProperty("wasVisible", m_listWidget->isVisible());
         m_listWidget->hide();
-        m_leaveFullScreen->setEnabled(true);
-        m_menuBar->hide();
         showFullScreen();
-        // Without a window manager nobody else resizes the window.
-        if (QScreen *s = screen())
-            setGeometry(s->geometry());
-        m_videoFrame->setFocus();
     } else {
-        m_leaveFullScreen->setEnabled(false);
-        m_menuBar->show();
         showNormal();
-        if (m_listWidget->property("wasVisible").toBool())
+        if (step->listVisible)
             m_listWidget->show();
-        if (m_normalGeometry.isValid())
-            setGeometry(m_normalGeometry);
-        m_engine->noteFullscreenLeft();
     }
+    // Without a window manager nobody else resizes the window.
+    if (step->geometry.isValid())
+        setGeometry(step->geometry);
+    if (on)
+        m_videoFrame->setFocus();
+    else
+        m_engine->noteFullscreenLeft();
 }
 
 void MainWindow::SetPlaylistPosition(int layoutCode)
@@ -258,7 +242,7 @@ void MainWindow::resizeEvent(QResizeEvent *event)
         m_listWidget->setGeometry(m_splitter->geometry());
     if (m_thumbList)
         SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
-    if (!m_isLoading && !m_isMaximized && !m_inFullScreen) {
+    if (!m_isLoading && m_windowStates.isNormal()) {
         m_settings.WindowWidth = width() * kTwipsPerPixel;
         m_settings.WindowHeight = height() * kTwipsPerPixel;
     }

@@ -7,6 +7,7 @@
 
 #include "app/appstate.h"
 #include "app/handoffserver.h"
+#include "app/mediacontrols.h"
 #include "app/recenthistory.h"
 #include "app/settings.h"
 #include "common/notifier.h"
@@ -14,6 +15,7 @@
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
 #include "app/windowresizer.h"
+#include "app/windowstates.h"
 #include "settings/keyvaluestore.h"
 #include "skin/skincontroller.h"
 
@@ -122,14 +124,14 @@ private:
     void onListDoubleClicked(int index);
     void flashCaption();
 
-    // Start-up steps provided by subsystems that grow around the window.
+    // The skin pictures, the menu and the states of the controls.
     void LoadSkinImages();
     void BuildMenu();
     void onMenuItemClick(int position);
     void followMediaControl(MediaAction action);
     void updatePlaylistMenuItems();
+    void applyControls(const ControlEnables &controls);
     void applyTray();
-    void ApplyAssociations() {}
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
     void playHistoryEntry(int slot);
@@ -139,8 +141,6 @@ public:
     void SetPlaylistPosition(int layoutCode);
 
 private:
-    void requestShutdownPrivilege() {}
-
     AppTables m_tables;
     Settings m_settings;
     SettingsEnvironment m_environment;
@@ -150,8 +150,7 @@ private:
     bool m_closing = false;
     bool m_painted = false;
     bool m_playlistFill = false;
-    bool m_inFullScreen = false;
-    QRect m_normalGeometry;
+    WindowStates m_windowStates;
 
     // Widgets (owned by the window through Qt parenting).
     PaneSplitter *m_splitter = nullptr;
@@ -167,8 +166,6 @@ private:
     SkinImages m_skinImages;
     std::unique_ptr<SkinController> m_skin;
     WindowResizer m_resizer;
-    bool m_isMaximized = false;
-    QRect m_restoreGeometry;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;
     QSize m_askedSize; // the size last asked for during an edge drag

@@ -3,6 +3,7 @@
 
 #include "mainwindow.h"
 
+#include "app/mediacontrols.h"
 #include "common/logging.h"
 #include "common/paths.h"
 #include "menus/menubarview.h"
@@ -17,13 +18,6 @@
 
 namespace quorvel {
 
-namespace {
-const QStringList kPlaylistItems{QStringLiteral("Remove"), QStringLiteral("RemoveAll"), QStringLiteral("Next"),
-                                 QStringLiteral("Previous")};
-const QStringList kMediaItems{QStringLiteral("Stop"), QStringLiteral("FullScreen"), QStringLiteral("IncreaseSpeed"),
-                              QStringLiteral("DecreaseSpeed"), QStringLiteral("ResetSpeed")};
-} // namespace
-
 void MainWindow::BuildMenu()
 {
     quorvel::BuildMenu(m_menu);
@@ -33,25 +27,22 @@ void MainWindow::BuildMenu()
 
 void MainWindow::followMediaControl(MediaAction action)
 {
-    for (const QString &key : kMediaItems)
-        m_menu.setEnabled(key, action != MediaAction::Stopped);
-    // The skin buttons follow the state: the seeking ones only while
-    // playing, play while halted, pause while playing, stop unless stopped.
-    const bool playing = action == MediaAction::Playing;
-    SkinButtons &b = m_skin->buttons();
-    for (int index : {BtnPrevious, BtnRewind, BtnNext, BtnFF, BtnSnapShoot, BtnFullScreen})
-        b.setEnabled(index, playing);
-    b.setEnabled(BtnPlay, !playing);
-    b.setEnabled(BtnPause, playing);
-    b.setEnabled(BtnStop, action != MediaAction::Stopped);
-    update();
+    applyControls(ControlsFor(action));
 }
 
 void MainWindow::updatePlaylistMenuItems()
 {
-    const bool any = m_playlist && m_playlist->count() > 0;
-    for (const QString &key : kPlaylistItems)
-        m_menu.setEnabled(key, any);
+    applyControls(PlaylistControls(m_playlist && m_playlist->count() > 0));
+}
+
+void MainWindow::applyControls(const ControlEnables &controls)
+{
+    for (const auto &[key, usable] : controls.menuItems)
+        m_menu.setEnabled(key, usable);
+    for (const auto &[index, usable] : controls.buttons)
+        m_skin->buttons().setEnabled(index, usable);
+    if (!controls.buttons.empty())
+        update();
 }
 
 void MainWindow::applyTray()

@@ -43,7 +43,7 @@ void MainWindow::LoadSkinImages()
 
 void MainWindow::layoutChildren()
 {
-    if (m_inFullScreen) {
+    if (m_windowStates.isFullScreen()) {
         m_splitter->setGeometry(rect());
         return;
     }
@@ -57,7 +57,7 @@ void MainWindow::layoutChildren()
 void MainWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    if (m_inFullScreen) {
+    if (m_windowStates.isFullScreen()) {
         painter.fillRect(rect(), Qt::black);
         return;
     }
@@ -76,7 +76,7 @@ void MainWindow::paintEvent(QPaintEvent *)
 
 bool MainWindow::event(QEvent *event)
 {
-    if (event->type() == QEvent::ToolTip && !m_inFullScreen) {
+    if (event->type() == QEvent::ToolTip && !m_windowStates.isFullScreen()) {
         // The caption on the title bar may be shortened; its tooltip is whole.
         auto *help = static_cast<QHelpEvent *>(event);
         if (SkinLayout::Compute(size()).caption.contains(help->pos()))
@@ -97,7 +97,7 @@ void MainWindow::mouseMoveEvent(QMouseEvent *event)
     }
     m_skin->setMediaLoaded(m_playback.MediaLoaded);
     runSkinReaction(m_skin->mouseMove(pos, event->buttons()));
-    if (m_isMaximized || m_inFullScreen)
+    if (!m_windowStates.isNormal())
         return;
     // While a drag runs the window system may not have applied the last
     // size yet; the drag goes on from the size asked for.
@@ -116,7 +116,7 @@ void MainWindow::mousePressEvent(QMouseEvent *event)
     const QPoint pos = event->position().toPoint();
     m_skin->setMediaLoaded(m_playback.MediaLoaded);
     const SkinController::Reaction r = m_skin->mousePress(pos, event->button());
-    if (!m_isMaximized && !m_inFullScreen)
+    if (m_windowStates.isNormal())
         m_resizer.press(pos.x(), pos.y(), QSize(width() * kTwipsPerPixel, height() * kTwipsPerPixel));
     if (r.has(SkinCommand::DragWindow) && !m_resizer.isResizing()) {
         // The window system moves the window when it can; without one the
@@ -246,23 +246,20 @@ void MainWindow::runSkinCommand(SkinCommand c)
 
 void MainWindow::ToggleMaximize()
 {
-    if (!m_isMaximized) {
-        m_isMaximized = true;
+    // Without a window manager the window takes the screen itself.
+    const QRect available = screen() ? screen()->availableGeometry() : QRect();
+    const WindowStates::Step step = m_windowStates.toggleMaximize(geometry(), available);
+    const bool maximized = step.show == WindowStates::Show::Maximized;
+    if (maximized) {
         m_settings.WindowLeft = x() * kTwipsPerPixel;
         m_settings.WindowTop = y() * kTwipsPerPixel;
-        m_restoreGeometry = geometry();
-        m_skin->buttons().setState(BtnMinimize, StateDisabled);
         showMaximized();
-        // Without a window manager the window takes the screen itself.
-        if (QScreen *s = screen())
-            setGeometry(s->availableGeometry());
     } else {
-        m_isMaximized = false;
-        m_skin->buttons().setState(BtnMinimize, StateNormal);
         showNormal();
-        if (m_restoreGeometry.isValid())
-            setGeometry(m_restoreGeometry);
     }
+    m_skin->buttons().setState(BtnMinimize, maximized ? StateDisabled : StateNormal);
+    if (step.geometry.isValid())
+        setGeometry(step.geometry);
     update();
 }
 

@@ -1,7 +1,6 @@
-// Start-up, configuration and the hand-off of the main window, in the fixed
-// order the program has always started in. Steps that belong to parts of the
-// window still growing (skin, menus, associations, history) are named calls
-// that do nothing yet.
+// Start-up, configuration and the hand-off of the main window, in a fixed
+// order: the skin and menu first, then the engine and playlist, then the
+// settings, which the engine options and the window follow.
 
 #include "mainwindow.h"
 
@@ -38,7 +37,6 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     BuildMenu();
     InitPlayer();
     LoadConfigurations();
-    ApplyAssociations();
     LoadHistory();
     SetPlaylistPosition(5);
     m_player->enableMediaControl(MediaAction::Stopped);
@@ -75,8 +73,7 @@ void MainWindow::InitPlayer()
 {
     m_playback.VLCOptions = QStringList(9, QString());
     // The playlist is empty: nothing to remove or step through.
-    for (const char *key : {"Remove", "RemoveAll", "Next", "Previous"})
-        m_menu.setEnabled(QLatin1String(key), false);
+    updatePlaylistMenuItems();
     // Codec names and the pictures of files without a frame of their own.
     m_tables.media = LoadMediaTables(m_tables.AppPath);
     m_videoFrame->setLogo(m_tables.media.defaultAudioThumb);
@@ -104,7 +101,6 @@ void MainWindow::InitPlayer()
         });
     connectParts();
     m_player->AddVLCPLayer();
-    requestShutdownPrivilege();
 }
 
 void MainWindow::LoadConfigurations()
@@ -129,7 +125,7 @@ void MainWindow::SetLoadedOptions()
 
 void MainWindow::WriteConfigurations()
 {
-    if (!isMaximized() && !m_inFullScreen && !m_isLoading) {
+    if (!isMaximized() && !m_windowStates.isFullScreen() && !m_isLoading) {
         m_settings.WindowLeft = x() * kTwipsPerPixel;
         m_settings.WindowTop = y() * kTwipsPerPixel;
     }

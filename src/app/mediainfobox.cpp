@@ -1,5 +1,7 @@
 #include "mediainfobox.h"
 
+#include "skin/theme.h"
+
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -32,23 +34,6 @@ QVector<ReportRow> ReportRows(const QString &report)
 
 namespace {
 
-// The skin's dark frame, its light text and its blue accent.
-const char *const kStyle = R"(
-QDialog { background: #1b2027; border: 1px solid #3d4754; }
-QScrollArea, QWidget#reportGrid { background: #1b2027; }
-QLabel { color: #e6edf3; }
-QLabel[role="label"] { color: #9aa7b4; }
-QLabel[role="heading"] { color: #59b4ff; font-weight: bold; padding-top: 6px; }
-QLabel[role="title"] { color: #ffffff; font-weight: bold; }
-QPushButton { background: #2d333b; color: #e6edf3; border: 1px solid #3d4754; border-radius: 3px;
-              padding: 4px 18px; min-width: 60px; }
-QPushButton:hover { background: #3d4754; }
-QPushButton:focus { border-color: #4c9dff; }
-QScrollBar:vertical { background: #161b22; width: 10px; margin: 0; }
-QScrollBar::handle:vertical { background: #3d4754; border-radius: 4px; min-height: 24px; }
-QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
-)";
-
 QLabel *makeLabel(const QString &text, const char *role)
 {
     auto *label = new QLabel(text);
@@ -65,7 +50,7 @@ MediaInfoBox::MediaInfoBox(const QString &report, QWidget *parent)
 {
     setObjectName(QStringLiteral("MediaInfoBox"));
     setWindowTitle(QStringLiteral("Quorvel"));
-    setStyleSheet(QString::fromLatin1(kStyle));
+    setStyleSheet(theme::reportStyleSheet());
 
     auto *grid = new QWidget;
     grid->setObjectName(QStringLiteral("reportGrid"));

@@ -1,24 +1,8 @@
 #include "settings.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QStandardPaths>
 
 namespace quorvel {
-
-SettingsEnvironment SettingsEnvironment::fromSystem()
-{
-    SettingsEnvironment env;
-    env.desktopFolder = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
-    env.picturesFolder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    if (auto *app = qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
-        if (const QScreen *screen = app->primaryScreen()) {
-            env.screenWidthPx = screen->geometry().width();
-            env.screenHeightPx = screen->geometry().height();
-        }
-    }
-    return env;
-}
 
 Settings DefaultSettings(const SettingsEnvironment &env)
 {

@@ -1,5 +1,7 @@
 #include "menubarview.h"
 
+#include "skin/theme.h"
+
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -8,7 +10,7 @@ namespace quorvel {
 
 MenuBarView::MenuBarView(MenuModel &model, QMenuBar *bar) : QObject(bar), m_model(model)
 {
-    bar->setStyleSheet(barStyleSheet());
+    bar->setStyleSheet(theme::menuBarStyleSheet());
     QSet<QString> parents;
     for (int i = 0; i < model.count(); ++i)
         parents.insert(model.item(i).parentKey);
@@ -23,7 +25,7 @@ MenuBarView::MenuBarView(MenuModel &model, QMenuBar *bar) : QObject(bar), m_mode
                 action = parentMenu->addSeparator();
         } else if (parents.contains(item.key)) {
             QMenu *menu = parentMenu ? parentMenu->addMenu(item.caption) : bar->addMenu(item.caption);
-            menu->setStyleSheet(styleSheet());
+            menu->setStyleSheet(theme::menuStyleSheet());
             m_menus.insert(item.key, menu);
             action = menu->menuAction();
         } else {
@@ -95,29 +97,6 @@ QKeySequence MenuBarView::shortcutOf(const MenuItem &item)
         break;
     }
     return QKeySequence(item.shortcutModifier == 2 ? (Qt::CTRL | key) : key);
-}
-
-QString MenuBarView::barStyleSheet()
-{
-    // The bar lies on the skin's dark menu strip, which shows through; an
-    // open or pointed-at caption takes the look of the skin's menu button.
-    return QStringLiteral(
-        "QMenuBar { background: transparent; color: #F2FFFF; border: none; }"
-        "QMenuBar::item { background: transparent; padding: 3px 8px; margin: 2px 0; border-radius: 3px; }"
-        "QMenuBar::item:selected, QMenuBar::item:pressed { background: #33404D; color: #FFFFFF; }"
-        "QMenuBar::item:disabled { color: #7D8792; }");
-}
-
-QString MenuBarView::styleSheet()
-{
-    return QStringLiteral(
-        "QMenuBar, QMenu { background: #717171; color: #F2FFFF; }"
-        "QMenuBar::item { background: transparent; padding: 2px 8px; }"
-        "QMenuBar::item:selected, QMenu::item:selected { background: #E0E0E0; color: #202020; }"
-        "QMenu::item:disabled { color: #B8B8B8; }"
-        "QMenu::separator { height: 1px; background: #E0E0E0; margin: 3px 6px; }"
-        "QMenu::indicator { width: 12px; height: 12px; background: #404040; border: 1px solid #E0E0E0; }"
-        "QMenu::indicator:checked { background: #FFFFFF; }");
 }
 
 } // namespace quorvel

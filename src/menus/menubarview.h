@@ -22,11 +22,6 @@ public:
     QMenu *menuFor(const QString &key) const;
     QAction *actionFor(const QString &key) const;
 
-    // The menu colours of the program, for the pop-up menus.
-    static QString styleSheet();
-    // The menu bar over the skin's menu strip.
-    static QString barStyleSheet();
-
 private:
     void update(int position);
     static QKeySequence shortcutOf(const MenuItem &item);

@@ -322,3 +322,13 @@ TEST_F(E2eTest, VideoShowsOnAWaylandSession)
     EXPECT_TRUE(q->log().contains(QStringLiteral("running instance ready, process"))
                 && q->log().contains(QStringLiteral(" on \"xcb\"")));
 }
+
+TEST_F(E2eTest, TheDecidingProgramLoadsNeitherWindowNorEngineNorFfmpeg)
+{
+    // A later start only hands its files over: the libraries of the window
+    // system, libVLC and ffmpeg come with the player module, not with it.
+    QString libs;
+    ASSERT_EQ(runTool(QStringLiteral("ldd"), {m_box.program()}, &libs), 0);
+    for (const char *heavy : {"libQt6Gui", "libQt6Widgets", "libvlc", "libavformat", "libavcodec"})
+        EXPECT_FALSE(libs.contains(QLatin1String(heavy))) << heavy << '\n' << libs.toStdString();
+}

@@ -30,6 +30,7 @@ Sandbox::Sandbox()
     const QString dst = programDir();
     QDir().mkpath(dst);
     QFile::copy(src + QStringLiteral("/quorvel"), dst + QStringLiteral("/quorvel"));
+    QFile::copy(src + QStringLiteral("/libquorvel_player.so"), dst + QStringLiteral("/libquorvel_player.so"));
     // The data files the program reads: everything but the build's own folders.
     const QDir dir(src);
     for (const QFileInfo &info : dir.entryInfoList(QDir::Files)) {

@@ -1,0 +1,74 @@
+#include "skin/theme.h"
+
+namespace quorvel::theme {
+
+namespace {
+// The skin's dark frame, its light text and its blue accent.
+const QColor kDark(0x1b, 0x20, 0x27);
+const QColor kLight(0xe6, 0xed, 0xf3);
+
+const char *const kScrollBar = "QScrollBar:vertical { background: #161b22; width: 10px; margin: 0; }"
+                               "QScrollBar::handle:vertical { background: #3d4754; border-radius: 4px; "
+                               "min-height: 24px; }"
+                               "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }";
+} // namespace
+
+QString menuBarStyleSheet()
+{
+    // The strip shows through; an open or pointed-at caption takes the look
+    // of the skin's menu button.
+    return QStringLiteral(
+        "QMenuBar { background: transparent; color: #F2FFFF; border: none; }"
+        "QMenuBar::item { background: transparent; padding: 3px 8px; margin: 2px 0; border-radius: 3px; }"
+        "QMenuBar::item:selected, QMenuBar::item:pressed { background: #33404D; color: #FFFFFF; }"
+        "QMenuBar::item:disabled { color: #7D8792; }");
+}
+
+QString menuStyleSheet()
+{
+    return QStringLiteral(
+        "QMenuBar, QMenu { background: #717171; color: #F2FFFF; }"
+        "QMenuBar::item { background: transparent; padding: 2px 8px; }"
+        "QMenuBar::item:selected, QMenu::item:selected { background: #E0E0E0; color: #202020; }"
+        "QMenu::item:disabled { color: #B8B8B8; }"
+        "QMenu::separator { height: 1px; background: #E0E0E0; margin: 3px 6px; }"
+        "QMenu::indicator { width: 12px; height: 12px; background: #404040; border: 1px solid #E0E0E0; }"
+        "QMenu::indicator:checked { background: #FFFFFF; }");
+}
+
+QPalette listPalette(QPalette base)
+{
+    base.setColor(QPalette::Window, kDark);
+    base.setColor(QPalette::Base, kDark);
+    base.setColor(QPalette::Text, kLight);
+    base.setColor(QPalette::WindowText, kLight);
+    base.setColor(QPalette::Mid, QColor(0x2d, 0x33, 0x3b));
+    base.setColor(QPalette::Highlight, QColor(0x2f, 0x81, 0xf7));
+    base.setColor(QPalette::HighlightedText, Qt::white);
+    return base;
+}
+
+QString listScrollBarStyleSheet()
+{
+    return QString::fromLatin1(kScrollBar)
+        + QStringLiteral("QScrollBar::handle:vertical:hover { background: #4c9dff; }"
+                         "QScrollBar::add-page, QScrollBar::sub-page { background: none; }");
+}
+
+QString reportStyleSheet()
+{
+    return QStringLiteral(R"(
+QDialog { background: #1b2027; border: 1px solid #3d4754; }
+QScrollArea, QWidget#reportGrid { background: #1b2027; }
+QLabel { color: #e6edf3; }
+QLabel[role="label"] { color: #9aa7b4; }
+QLabel[role="heading"] { color: #59b4ff; font-weight: bold; padding-top: 6px; }
+QLabel[role="title"] { color: #ffffff; font-weight: bold; }
+QPushButton { background: #2d333b; color: #e6edf3; border: 1px solid #3d4754; border-radius: 3px;
+              padding: 4px 18px; min-width: 60px; }
+QPushButton:hover { background: #3d4754; }
+QPushButton:focus { border-color: #4c9dff; }
+)") + QString::fromLatin1(kScrollBar);
+}
+
+} // namespace quorvel::theme
