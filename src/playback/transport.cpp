@@ -365,7 +365,9 @@ void Transport::tmrMovie_Timer()
         qCDebug(lcPlayback).nospace() << "tick state=" << m_engine.state() << " time=" << qint64(m_engine.time())
                                       << " length=" << qint64(m_engine.length());
         if (r.ended) {
-            // Ended: the rules run on the next tick.
+            // Ended: the rules run on the next tick. An item too short for
+            // a tick to see it playing has played all the same.
+            m_player.itemPlays();
             m_state.MediaLoaded = false;
             qCDebug(lcPlayback) << "item ended" << m_state.CurrentFile;
         }
