@@ -75,6 +75,9 @@ public:
     virtual double length() const = 0;
     // True when the item shows video.
     virtual bool hasVout() const = 0;
+    // Streams the engine found in the item so far; an item that ended with
+    // none could not be read (damaged, truncated, not media).
+    virtual int streamCount() const = 0;
 
     virtual void setRate(double rate) = 0;
     // 0..100.

@@ -53,22 +53,54 @@ void Player::tell(const QString &text)
         m_notifier->notify(MessageNotifier::Icon::Exclamation, text);
 }
 
-StartResult Player::PlayItem(int index, bool fullScreen)
+void Player::tellCannotOpen(const QString &path, const QString &reason, StartedBy by)
+{
+    // The advance says it once per file: a repeating list comes back to it
+    // again and again. What the user chose is always answered.
+    const bool known = m_reportedUnplayable.contains(path);
+    m_reportedUnplayable.insert(path);
+    ++m_unplayableInRow;
+    if (!known || by == StartedBy::User)
+        tell(QStringLiteral("Cannot open file <") + path + QStringLiteral(">\r\n") + reason);
+}
+
+void Player::restartedByUser()
+{
+    m_startedBy = StartedBy::User;
+    m_unplayableInRow = 0;
+}
+
+void Player::itemPlays()
+{
+    m_unplayableInRow = 0;
+    m_reportedUnplayable.remove(m_state.CurrentFile); // a later failure is news
+}
+
+void Player::itemUnopenable()
+{
+    qCDebug(lcPlayback) << "engine cannot open" << m_state.CurrentFile;
+    // Play on a stopped item opens its file again, which may have gone since.
+    const bool gone = !IsEngineLocation(m_state.CurrentFile) && !QFileInfo::exists(m_state.CurrentFile);
+    tellCannotOpen(m_state.CurrentFile,
+                   gone ? QStringLiteral("The file was not found.")
+                        : QStringLiteral("The file is damaged or is not a media file."),
+                   m_startedBy);
+}
+
+StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
 {
     if (index < 0 || index >= m_playlist.list().count() || index >= m_playlist.count())
         return StartResult::NotInList;
+    if (by == StartedBy::User)
+        m_unplayableInRow = 0;
     const QString path = m_playlist.fullPath(index);
     if (!IsEngineLocation(path) && !QFileInfo::exists(path)) {
         // Checked here because the engine would fail on it without a word.
-        // Said once per file: a repeating list comes back to it again and again.
-        if (!m_reportedMissing.contains(path)) {
-            m_reportedMissing.insert(path);
-            tell(QStringLiteral("Cannot open file <") + path + QStringLiteral(">\r\nThe file was not found."));
-        }
+        tellCannotOpen(path, QStringLiteral("The file was not found."), by);
         qCDebug(lcPlayback) << "skipped missing" << path;
         return StartResult::FileMissing;
     }
-    m_reportedMissing.remove(path); // back again: a later deletion is news
+    m_startedBy = by;
     RemoveVLCPlayer();
     AddVLCPLayer();
     m_state.CurrentFile = path;

@@ -23,6 +23,11 @@ enum class StartResult {
     EngineFailed, // the engine cannot start: said once, the state is "stopped"
 };
 
+// Who asked for an entry: the user (Play, a double-click, opening files) is
+// told about every entry that cannot play; the automatic advance and next /
+// previous say it once per file, since a repeating list comes back to it.
+enum class StartedBy { User, Advance };
+
 class Player : public QObject {
     Q_OBJECT
 public:
@@ -38,7 +43,18 @@ public:
     void enableMediaControl(MediaAction action);
     // Starts entry `index`; does nothing when it is outside the playlist or
     // its file has been deleted since it was added.
-    StartResult PlayItem(int index, bool fullScreen);
+    StartResult PlayItem(int index, bool fullScreen, StartedBy by = StartedBy::User);
+    // The current item is started again (Play on a stopped item).
+    void restartedByUser();
+    // The monitor saw the current item play: a later failure of its file is news.
+    void itemPlays();
+    // The engine could not open the current item's file (damaged, truncated,
+    // not media): says so like a missing file.
+    void itemUnopenable();
+    // Entries that could not play since the last one that did (or since the
+    // user chose one): once it reaches the length of the play order, nothing
+    // in the list can play.
+    int unplayableInRow() const { return m_unplayableInRow; }
     // Where the user is told about missing files and a failed engine.
     void setNotifier(MessageNotifier *notifier) { m_notifier = notifier; }
     // The caption for the current item under the title mode; false when the
@@ -57,13 +73,16 @@ signals:
 
 private:
     void tell(const QString &text);
+    void tellCannotOpen(const QString &path, const QString &reason, StartedBy by);
 
     Engine &m_engine;
     const Settings &m_settings;
     PlaybackState &m_state;
     Playlist &m_playlist;
     MessageNotifier *m_notifier = nullptr;
-    QSet<QString> m_reportedMissing;
+    QSet<QString> m_reportedUnplayable;
+    StartedBy m_startedBy = StartedBy::User;
+    int m_unplayableInRow = 0;
     bool m_engineFailureReported = false;
 };
 

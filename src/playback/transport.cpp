@@ -50,7 +50,7 @@ StartResult Transport::playEntry(int index)
     m_playlist.list().setSelectedItem(index);
     m_playlist.list().refresh();
     emit selectionMoved(index);
-    return m_player.PlayItem(index, false);
+    return m_player.PlayItem(index, false, StartedBy::Advance);
 }
 
 void Transport::CMDPlayClick()
@@ -65,6 +65,7 @@ void Transport::CMDPlayClick()
     // keeps the stopped state.
     if (m_state.IsHalted && m_engine.failure().isEmpty()) {
         m_engine.play(); // resume, or the stopped item from its start
+        m_player.restartedByUser();
         m_player.enableMediaControl(MediaAction::Playing);
         return;
     }
@@ -342,6 +343,20 @@ void Transport::tmrMovie_Timer()
     if (!m_engine.hasControl() || m_stopping)
         return;
     if (m_state.MediaLoaded) {
+        // A file the engine cannot read either puts it in its error state or
+        // ends at once without a single stream. Said like a missing file; the
+        // item counts as ended so the order moves on.
+        const int engineState = m_engine.state();
+        if (engineState == Engine::Error
+            || (engineState == Engine::Ended && !IsEngineLocation(m_state.CurrentFile)
+                && m_engine.streamCount() == 0)) {
+            m_state.MediaLoaded = false;
+            m_view.setRateText(QString(), false);
+            m_player.itemUnopenable();
+            return;
+        }
+        if (engineState == Engine::Playing && m_engine.streamCount() > 0)
+            m_player.itemPlays();
         const MonitorReading r = ReadMonitor(m_engine);
         m_view.setRateText(QStringLiteral("Loading..."), r.loading);
         if (r.progressPercent)
@@ -350,7 +365,9 @@ void Transport::tmrMovie_Timer()
         qCDebug(lcPlayback).nospace() << "tick state=" << m_engine.state() << " time=" << qint64(m_engine.time())
                                       << " length=" << qint64(m_engine.length());
         if (r.ended) {
-            // Ended: the rules run on the next tick.
+            // Ended: the rules run on the next tick. An item too short for
+            // a tick to see it playing has played all the same.
+            m_player.itemPlays();
             m_state.MediaLoaded = false;
             qCDebug(lcPlayback) << "item ended" << m_state.CurrentFile;
         }
@@ -366,15 +383,17 @@ void Transport::tmrMovie_Timer()
 
 void Transport::runEndOfItem(EndOfItem next)
 {
-    // An entry whose file is gone is skipped as if it had played. Once every
-    // position of the order has been tried, nothing in the list can play:
-    // stop rather than try again on every tick.
-    for (int tries = 0; next.kind == EndOfItem::PlayEntry; ++tries) {
-        if (tries >= m_sequence.count()) {
-            qCDebug(lcPlayback) << "nothing in the playlist can play";
-            cmdStopClick();
-            return;
-        }
+    // An entry that cannot play (its file gone or not openable) is skipped as
+    // if it had played. Once as many entries in a row as the order holds
+    // could not play, nothing in the list can: stop rather than try again on
+    // every tick.
+    auto nothingCanPlay = [this] {
+        qCDebug(lcPlayback) << "nothing in the playlist can play";
+        cmdStopClick();
+    };
+    while (next.kind == EndOfItem::PlayEntry) {
+        if (m_player.unplayableInRow() >= m_sequence.count())
+            return nothingCanPlay();
         if (playEntry(next.index) != StartResult::FileMissing)
             return;
         next = DecideEndOfItem(m_settings.PlayMode, m_settings.RepeatMode, m_sequence, m_engine.itemCount(),
@@ -382,6 +401,8 @@ void Transport::runEndOfItem(EndOfItem next)
     }
     switch (next.kind) {
     case EndOfItem::Replay:
+        if (m_player.unplayableInRow() > 0)
+            return nothingCanPlay(); // the item would fail again
         cmdStopClick([this] { CMDPlayClick(); });
         break;
     case EndOfItem::StopAndAfterPlay:

@@ -192,6 +192,19 @@ bool VlcEngine::hasVout() const
     return m_player && libvlc_media_player_has_vout(m_player.get()) > 0;
 }
 
+int VlcEngine::streamCount() const
+{
+    libvlc_media_t *media = m_player ? libvlc_media_player_get_media(m_player.get()) : nullptr;
+    if (!media)
+        return 0;
+    libvlc_media_track_t **tracks = nullptr;
+    const unsigned count = libvlc_media_tracks_get(media, &tracks);
+    if (count > 0)
+        libvlc_media_tracks_release(tracks, count);
+    libvlc_media_release(media);
+    return static_cast<int>(count);
+}
+
 void VlcEngine::setRate(double rate)
 {
     if (m_player)

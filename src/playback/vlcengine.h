@@ -64,6 +64,7 @@ public:
     double time() const override;
     double length() const override;
     bool hasVout() const override;
+    int streamCount() const override;
     void setRate(double rate) override;
     void setVolume(int volume) override;
     void toggleMute() override;

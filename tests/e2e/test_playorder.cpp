@@ -144,3 +144,17 @@ TEST_F(PlayOrderTest, FullScreenIsLeftWithEscape)
     keys({QStringLiteral("Escape")});
     EXPECT_TRUE(waitFor(false)) << geometry().toStdString();
 }
+
+TEST_F(PlayOrderTest, AFileDamagedAfterItWasAddedIsSaidOnceAndTheListMovesOn)
+{
+    const QStringList files = clips();
+    auto q = startThree(files);
+    QFile junk(files[1]); // probed when added, junk by the time it plays
+    ASSERT_TRUE(junk.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    junk.write(QByteArray(4096, '\x5a'));
+    junk.close();
+    ASSERT_TRUE(q->waitForLog(u"started [^\\n]*three\\.mp4"_qs).hasMatch()) << q->log().toStdString();
+    const QString said = u"message: Cannot open file <"_qs + files[1] + u'>';
+    EXPECT_EQ(q->log().count(said), 1) << q->log().toStdString();
+    EXPECT_EQ(startedTitles(q->log()).mid(0, 3), (QStringList{u"one.mp4"_qs, u"two.mp4"_qs, u"three.mp4"_qs}));
+}

@@ -319,6 +319,54 @@ TEST_F(TransportFixture, DeletedFilesAreSkippedSaidOnceAndAllGoneStops)
     EXPECT_EQ(notifier.texts(), (QStringList{missing(paths[1]), missing(paths[2]), missing(paths[0])}));
 }
 
+TEST_F(TransportFixture, FilesTheEngineCannotOpenAreSkippedLikeDeletedOnesAndTheUserIsAlwaysTold)
+{
+    addFiles(3);
+    transport.PBCont();
+    transport.RepeatAll();
+    const QStringList paths = playlist.fullPaths();
+    auto cannot = [&](int i, const char *why) { return u"Cannot open file <"_qs + paths[i] + u">\r\n"_qs + why; };
+    const char *damaged = "The file is damaged or is not a media file.";
+    // The engine reports its error state, or ends without a stream after
+    // seeming to play; the rules run on the next tick.
+    bool viaError = false;
+    auto fail = [&] {
+        engine.scriptedStreams = 0;
+        engine.scriptedTime = engine.scriptedLength = 0;
+        engine.scriptedState = Engine::Playing;
+        transport.tmrMovie_Timer();
+        engine.scriptedState = (viaError = !viaError) ? Engine::Error : Engine::Ended;
+        transport.tmrMovie_Timer();
+        ASSERT_FALSE(state.MediaLoaded);
+        transport.tmrMovie_Timer();
+        engine.scriptedStreams = 2;
+    };
+    start(0);
+    fail(); // 0 -> 1
+    EXPECT_EQ(playingIndex(), 1);
+    endItem(); // 1 -> 2
+    endItem(); // 2 -> 0
+    fail(); // 0 again, not said again -> 1
+    EXPECT_EQ(playingIndex(), 1);
+    fail(); // 1 -> 2
+    fail(); // 2 -> 0
+    fail(); // nothing can play: stop
+    settle();
+    EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
+    EXPECT_EQ(notifier.texts(), (QStringList{cannot(0, damaged), cannot(1, damaged), cannot(2, damaged)}));
+
+    // What the user asks for is answered every time.
+    notifier.messages.clear();
+    start(2);
+    fail();
+    settle();
+    QFile::remove(paths[1]);
+    start(1);
+    start(1);
+    EXPECT_EQ(notifier.texts(),
+              (QStringList{cannot(2, damaged), cannot(1, "The file was not found."), cannot(1, "The file was not found.")}));
+}
+
 TEST_F(TransportFixture, WithAnEngineThatCannotStartPlayAndPauseKeepTheStoppedState)
 {
     addFiles(1);

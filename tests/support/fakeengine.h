@@ -21,6 +21,7 @@ public:
     double scriptedTime = 0;
     double scriptedLength = 0;
     bool scriptedVout = true;
+    int scriptedStreams = 2;
     QString scriptedFailure; // an engine that cannot start
 
     // What happened.
@@ -60,6 +61,7 @@ public:
     double time() const override { return control ? scriptedTime : 0; }
     double length() const override { return control ? scriptedLength : 0; }
     bool hasVout() const override { return control && scriptedVout; }
+    int streamCount() const override { return control ? scriptedStreams : 0; }
     void setRate(double r) override { log("setRate"); rate = r; }
     void setVolume(int v) override { volume = v; }
     void toggleMute() override { log("toggleMute"); muted = !muted; }
