@@ -141,6 +141,7 @@ TEST(AviDelay, HandMadeFiles)
         {"start beyond any delay", avi(audioStreamList(1, 48000, 0xFFFFFFFF, 1, 0xFFFFFFFF), chunk("00wb", junk(8))), "fail"},
         {"cut inside the first audio chunk", whole.left(whole.size() - 1536 - 8 - 500), "fail"},
         {"cut inside a stream header", whole.left(whole.indexOf("strh") + 20), "fail"},
+        {"cut inside a stream format", whole.left(whole.indexOf("strf") + 12), "fail"},
         {"cut behind the delay", whole.left(whole.size() - 500), "a2"},
         {"audio chunk claims 4 GiB", avi(ac3At48k, "00wb" + le32(0xFFFFFFF0) + junk(100) + frame), "fail"},
         {"file header claims 4 GiB", hugeRiff, "a2"},

@@ -33,5 +33,7 @@ TEST(MediaSource, SerializeRoundTripsAndUnSerializeAppends)
     EXPECT_EQ(back.Streams[1].Delay, 120);
     back.UnSerialize(s.Serialize()); // appends
     EXPECT_EQ(back.StreamCount(), 4);
+    EXPECT_EQ(s.Serialize().keys().first(), u"FileName"_qs);
+    EXPECT_EQ(s.StreamInfo(0).value(u"Width"_qs).toInt(), 720);
     EXPECT_FLOAT_EQ(s.StreamInfo(1).value(u"Duration"_qs).toFloat(), 12.5f);
 }

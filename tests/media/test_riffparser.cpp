@@ -24,9 +24,9 @@ QString walk(clsRIFFParser &parser, const QByteArray &skip = {})
     for (qint64 previous = -1; items.size() < 100000;) {
         if (!parser.GetChunk())
             return items.join(u' ') + u" error"_qs;
-        if (parser.ItemKind() == clsRIFFParser::Item::Eof)
+        if (parser.ChunkType() == u"eof")
             break;
-        const bool isList = parser.ItemKind() == clsRIFFParser::Item::List;
+        const bool isList = parser.ChunkType() == u"list";
         const qint64 start = parser.Position() - (isList ? 12 : 8);
         if (start <= previous)
             return items.join(u' ') + u" backwards"_qs;
