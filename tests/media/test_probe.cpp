@@ -168,12 +168,13 @@ TEST(Probe, MpegFilesGetMpgtxDetailsOrKeepFfmpegsFigures)
         EXPECT_GT(src.Streams[0].BitRate, 0);
     }
     // mpgtx only adds details: without it an MPEG file keeps ffmpeg's figures.
+    const QString mpg = sample(4); // made before the tools are out of reach
     QTemporaryDir noTools;
     const QByteArray oldPath = qgetenv("PATH");
     qputenv("PATH", QFile::encodeName(noTools.path()));
     clsSource src;
     ProbeResult result;
-    const bool ok = FfmpegProbe(programTables(), ProbeEngine::Libraries).GetVideoInformation(sample(4), src, result);
+    const bool ok = FfmpegProbe(programTables(), ProbeEngine::Libraries).GetVideoInformation(mpg, src, result);
     qputenv("PATH", oldPath);
     ASSERT_TRUE(ok) << result.error.toStdString();
     ASSERT_TRUE(src.Streams.value(0).isVideo());
