@@ -18,7 +18,7 @@ tests='^(Probe|LibavProbe|PlaylistFixture|Playlist)\.'
 
 # One report file per process; the run goes on after a report so that one
 # run shows them all, and the process ends with a failing code.
-export TSAN_OPTIONS="log_path=$logs/tsan:halt_on_error=0:exitcode=66:second_deadlock_stack=1:suppressions=$root/tools/tsan.supp"
+export TSAN_OPTIONS="log_path=$logs/tsan:halt_on_error=0:exitcode=66:second_deadlock_stack=1:ignore_noninstrumented_modules=1:suppressions=$root/tools/tsan.supp"
 
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQUORVEL_BENCH=OFF \
     -DCMAKE_CXX_FLAGS="-fsanitize=thread -fno-omit-frame-pointer" \
