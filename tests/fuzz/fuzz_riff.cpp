@@ -1,19 +1,32 @@
 // libFuzzer entry for the RIFF walker and the AVI delay scan. The input is
 // served as a real file (an anonymous memory file reached through /proc), so
 // the code under test reads it exactly as it reads files on disk.
+//
+// Besides libFuzzer's own byte mutations, half of the new inputs are damaged
+// copies aimed at the item headers of the input (boundary values in size
+// fields, other ids, cuts, inserted and copied ranges), which reach the
+// fields the parser trusts most. Every input must give the same answer twice,
+// never more streams than it has bytes for, and a copy cut short must report
+// only the delays of the whole file or "not yet known".
 
 #include "media/avidelay.h"
 #include "media/riffparser.h"
 
 #include <QString>
+#include <QtEndian>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
+#include <random>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <vector>
 
 using namespace quorvel;
+
+extern "C" size_t LLVMFuzzerMutate(uint8_t *data, size_t size, size_t maxSize);
 
 namespace {
 
@@ -40,26 +53,141 @@ bool serve(const uint8_t *data, size_t size)
     return true;
 }
 
+QString servedPath()
+{
+    return QStringLiteral("/proc/self/fd/%1").arg(memoryFile());
+}
+
+struct Outcome {
+    bool ok = false;
+    std::vector<qint32> delays;
+    std::vector<bool> audio;
+    bool operator==(const Outcome &) const = default;
+};
+
+Outcome scan(const uint8_t *data, size_t size)
+{
+    Outcome o;
+    if (!serve(data, size))
+        return o;
+    clsAVIDelay delay;
+    o.ok = delay.OpenFile(servedPath());
+    for (int i = 0; i < delay.StreamCount(); ++i) {
+        o.delays.push_back(delay.StreamDelay(i));
+        o.audio.push_back(delay.StreamIsAudio(i));
+    }
+    return o;
+}
+
+// Where item headers start, read straight from the bytes: the file header,
+// then every chunk and list, entering lists.
+std::vector<size_t> itemOffsets(const uint8_t *data, size_t size)
+{
+    std::vector<size_t> offsets{0};
+    for (size_t at = 12; at + 8 <= size && offsets.size() < 4096;) {
+        offsets.push_back(at);
+        if (memcmp(data + at, "LIST", 4) == 0) {
+            at += 12;
+            continue;
+        }
+        const quint32 length = qFromLittleEndian<quint32>(data + at + 4);
+        at += 8 + size_t(length) + (length & 1);
+    }
+    return offsets;
+}
+
+// One damage of the kinds a broken download or a bad muxer leaves.
+size_t damage(uint8_t *data, size_t size, size_t maxSize, std::mt19937 &random)
+{
+    static const quint32 interesting[] = {0, 1, 2, 3, 4, 7, 8, 0x7F, 0x80, 0xFF, 0x7FFF, 0xFFFF, 0x7FFFFFFF,
+                                          0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
+    static const char *const ids[] = {"LIST", "RIFF", "strh", "strf", "00wb", "01wb", "02wb", "99wb",
+                                      "x1wb", "movi", "auds", "idx1"};
+    const auto pick = [&random](size_t n) { return n ? size_t(random() % n) : 0; };
+    if (size == 0)
+        return 0;
+    const std::vector<size_t> offsets = itemOffsets(data, size);
+    const size_t header = offsets[pick(offsets.size())];
+    switch (pick(6)) {
+    case 0: // a boundary value into a size field
+        if (header + 8 <= size)
+            qToLittleEndian<quint32>(interesting[pick(std::size(interesting))], data + header + 4);
+        break;
+    case 1: // a size field off by a little
+        if (header + 8 <= size)
+            qToLittleEndian<quint32>(qFromLittleEndian<quint32>(data + header + 4) + quint32(pick(9)) - 4,
+                                     data + header + 4);
+        break;
+    case 2: // another id
+        if (header + 4 <= size)
+            memcpy(data + header, ids[pick(std::size(ids))], 4);
+        break;
+    case 3: // cut short
+        return pick(size);
+    case 4: { // remove a range
+        const size_t from = pick(size), n = std::min(size - from, 1 + pick(256));
+        memmove(data + from, data + from + n, size - from - n);
+        return size - n;
+    }
+    case 5: { // copy a range of the file somewhere else
+        const size_t from = pick(size), n = std::min({size - from, 1 + pick(512), maxSize - size});
+        const size_t to = pick(size + 1);
+        std::vector<uint8_t> piece(data + from, data + from + n);
+        memmove(data + to + n, data + to, size - to);
+        memcpy(data + to, piece.data(), n);
+        return size + n;
+    }
+    }
+    return size;
+}
+
 } // namespace
+
+extern "C" size_t LLVMFuzzerCustomMutator(uint8_t *data, size_t size, size_t maxSize, unsigned int seed)
+{
+    std::mt19937 random(seed);
+    if (random() % 2)
+        return LLVMFuzzerMutate(data, size, maxSize);
+    for (int rounds = 1 + int(random() % 3); rounds > 0; --rounds)
+        size = damage(data, size, maxSize, random);
+    return size;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    if (!serve(data, size))
-        return 0;
-    const QString path = QStringLiteral("/proc/self/fd/%1").arg(memoryFile());
-
-    clsAVIDelay delay;
-    delay.OpenFile(path);
-    for (int i = 0; i < delay.StreamCount(); ++i) {
-        if (delay.StreamDelay(i) < clsAVIDelay::kDelayGivenUp)
+    const Outcome first = scan(data, size);
+    if (!(scan(data, size) == first))
+        abort(); // two answers for one file
+    if (first.delays.size() > size / 8)
+        abort();
+    for (qint32 d : first.delays) {
+        if (d < clsAVIDelay::kDelayGivenUp)
             abort();
-        delay.StreamIsAudio(i);
+    }
+    if (first.ok && (size < 12 || memcmp(data, "RIFF", 4) != 0 || memcmp(data + 8, "AVI ", 4) != 0))
+        abort(); // only RIFF "AVI " files are read
+
+    // A copy cut short either fails or reports the streams it reached with
+    // the delays of the whole file or "not yet known".
+    if (first.ok && size > 0) {
+        const Outcome cut = scan(data, size - 1 - data[size / 2] * (size - 1) / 255);
+        if (cut.ok) {
+            if (cut.delays.size() > first.delays.size())
+                abort();
+            for (size_t s = 0; s < cut.delays.size(); ++s) {
+                if ((cut.delays[s] != first.delays[s] && cut.delays[s] != clsAVIDelay::kDelayUnknown)
+                    || cut.audio[s] != first.audio[s])
+                    abort();
+            }
+        }
     }
 
     // The bare walk, stepping over every second list: every item must start
     // further on than the one before.
+    if (!serve(data, size))
+        return 0;
     clsRIFFParser parser;
-    if (parser.OpenFile(path)) {
+    if (parser.OpenFile(servedPath())) {
         qint64 previous = -1;
         bool skip = false;
         while (parser.GetChunk() && parser.ItemKind() != clsRIFFParser::Item::Eof) {

@@ -18,50 +18,38 @@ inline QByteArray le32(quint32 v)
 
 inline QByteArray le16(quint16 v)
 {
-    QByteArray b(2, '\0');
-    qToLittleEndian<quint16>(v, b.data());
-    return b;
+    return le32(v).left(2);
 }
 
 // A chunk with its pad byte when the data size is odd.
 inline QByteArray chunk(const char *id, const QByteArray &data)
 {
-    QByteArray b = QByteArray(id, 4) + le32(quint32(data.size())) + data;
-    if (data.size() % 2)
-        b.append('\0');
-    return b;
+    return QByteArray(id, 4) + le32(quint32(data.size())) + data + QByteArray(data.size() % 2, '\0');
 }
 
 inline QByteArray list(const char *type, const QByteArray &contents)
 {
-    return QByteArray("LIST") + le32(quint32(contents.size() + 4)) + QByteArray(type, 4) + contents;
+    return "LIST" + le32(quint32(contents.size() + 4)) + QByteArray(type, 4) + contents;
 }
 
 inline QByteArray riff(const char *form, const QByteArray &contents)
 {
-    return QByteArray("RIFF") + le32(quint32(contents.size() + 4)) + QByteArray(form, 4) + contents;
+    return "RIFF" + le32(quint32(contents.size() + 4)) + QByteArray(form, 4) + contents;
 }
 
+// "strh": type, handler, flags, priority and language, initial frames, then
+// scale, rate and start; length, buffer size, quality, sample size, frame.
 inline QByteArray streamHeader(const char *fccType, quint32 scale, quint32 rate, quint32 start)
 {
-    QByteArray b = QByteArray(fccType, 4) + QByteArray(4, '\0'); // fccType, fccHandler
-    b += le32(0) + le16(0) + le16(0) + le32(0);                   // flags, priority, language, initial frames
-    b += le32(scale) + le32(rate) + le32(start);
-    b += le32(0) + le32(0) + le32(0xFFFFFFFF) + le32(0); // length, buffer size, quality, sample size
-    b += le16(0) + le16(0) + le16(0) + le16(0);          // rcFrame
-    return b;
-}
-
-inline QByteArray waveFormat(quint16 tag, quint32 avgBytesPerSec, quint32 sampleRate = 48000, quint16 channels = 2)
-{
-    return le16(tag) + le16(channels) + le32(sampleRate) + le32(avgBytesPerSec) + le16(1) + le16(16) + le16(0);
+    return QByteArray(fccType, 4) + QByteArray(12, '\0') + le32(0) + le32(scale) + le32(rate) + le32(start) + le32(0)
+           + le32(0) + le32(0xFFFFFFFF) + le32(0) + QByteArray(8, '\0');
 }
 
 inline QByteArray audioStreamList(quint16 tag, quint32 avgBytesPerSec, quint32 scale = 1, quint32 rate = 48000,
                                   quint32 start = 0)
 {
-    return list("strl", chunk("strh", streamHeader("auds", scale, rate, start))
-                            + chunk("strf", waveFormat(tag, avgBytesPerSec)));
+    const QByteArray wave = le16(tag) + le16(2) + le32(48000) + le32(avgBytesPerSec) + le16(1) + le16(16) + le16(0);
+    return list("strl", chunk("strh", streamHeader("auds", scale, rate, start)) + chunk("strf", wave));
 }
 
 inline QByteArray videoStreamList()
