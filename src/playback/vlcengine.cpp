@@ -2,17 +2,22 @@
 
 #include "common/logging.h"
 
+#include <QGuiApplication>
 #include <QWidget>
 #include <vlc/vlc.h>
 
 namespace quorvel {
 
-VlcInstance::VlcInstance()
+VlcInstance::VlcInstance(bool hasWindow)
 {
     // The window draws its own title over nothing: no title overlay, and the
     // program (not the engine) owns keyboard and mouse on the video.
-    const char *const args[] = {"--no-video-title-show", "--no-stats", "--no-osd"};
-    m_instance = libvlc_new(static_cast<int>(std::size(args)), args);
+    // Without a window to draw into, libVLC would look for any output of its
+    // own (a window, the framebuffer, the terminal as coloured text); the text
+    // output's library unloads one of libVLC's own plugins while it is in use,
+    // which crashes the next video start. Pictures are then decoded and dropped.
+    const char *const args[] = {"--no-video-title-show", "--no-stats", "--no-osd", "--vout=dummy"};
+    m_instance = libvlc_new(static_cast<int>(std::size(args)) - (hasWindow ? 1 : 0), args);
     if (!m_instance) {
         // libVLC often fails without a reason (no plugins found, for one);
         // its version at least tells the user which installation to check.
@@ -48,8 +53,15 @@ VlcEngine::~VlcEngine()
 libvlc_instance_t *VlcEngine::instance()
 {
     if (!m_instance)
-        m_instance = std::make_unique<VlcInstance>();
+        m_instance = std::make_unique<VlcInstance>(hasWindow());
     return m_instance->get();
+}
+
+bool VlcEngine::hasWindow() const
+{
+    // libVLC draws only into X11 windows; other Qt platforms (offscreen,
+    // Wayland chosen by the user) give ids that are no X window.
+    return m_surface && QGuiApplication::platformName() == u"xcb";
 }
 
 QString VlcEngine::failure() const
@@ -106,7 +118,7 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
     }
     libvlc_video_set_mouse_input(m_player.get(), false);
     libvlc_video_set_key_input(m_player.get(), false);
-    if (m_surface)
+    if (hasWindow())
         libvlc_media_player_set_xwindow(m_player.get(), static_cast<uint32_t>(m_surface->winId()));
     if (m_volume >= 0)
         libvlc_audio_set_volume(m_player.get(), m_volume);

@@ -19,7 +19,8 @@ namespace quorvel {
 // Owns the process's libVLC instance.
 class VlcInstance {
 public:
-    VlcInstance();
+    // Without a window the instance shows no video (see there).
+    explicit VlcInstance(bool hasWindow);
     ~VlcInstance();
     VlcInstance(const VlcInstance &) = delete;
     VlcInstance &operator=(const VlcInstance &) = delete;
@@ -76,6 +77,8 @@ private:
         void operator()(libvlc_media_player_t *p) const;
     };
     libvlc_instance_t *instance();
+    // The surface is an X11 window libVLC can draw into.
+    bool hasWindow() const;
 
     QPointer<QWidget> m_surface;
     std::unique_ptr<VlcInstance> m_instance;

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QThread>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
@@ -74,6 +75,25 @@ TEST(VlcEngine, PlaysStopsAndRestartsARealClip)
     EXPECT_EQ(engine.state(), Engine::Idle);
     engine.destroyControl();
     EXPECT_FALSE(engine.hasControl());
+}
+
+// A surface that is no X11 window (the offscreen platform here) gets no
+// video output of libVLC's own: its terminal output used to unload a plugin
+// libVLC still called, so the second video start crashed.
+TEST(VlcEngine, VideoStartsAgainOnASurfaceThatIsNoX11Window)
+{
+    const QString clip = test::makeClip(u"engine-video.mkv"_qs, 2);
+    ASSERT_FALSE(clip.isEmpty());
+    QWidget surface;
+    surface.show();
+    VlcEngine engine(&surface);
+    for (int start = 0; start < 3; ++start) {
+        engine.createControl();
+        engine.playlistAdd(clip, QString(), {});
+        engine.play();
+        ASSERT_TRUE(pollUntil([&] { return engine.hasVout() || engine.state() == Engine::Ended; })) << start;
+        engine.stop();
+    }
 }
 
 TEST(VlcEngine, AFileThatCannotBeOpenedNeverPlays)
