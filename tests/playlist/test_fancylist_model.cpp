@@ -78,34 +78,22 @@ TEST(FancyListModel, SelectionFollowsAddRemoveAndClear)
 
 TEST(FancyListModel, ScrollRangeAndScrollBarRule)
 {
-    // Ten 80-pixel rows in a 400-pixel surface overflow by 400.
-    FancyListModel ten = ModelWith(10);
-    EXPECT_EQ(ten.scrollMax(400), 400);
-    EXPECT_TRUE(ten.scrollBarVisible(400));
-    // Five rows fit exactly: no bar, nothing to scroll.
-    FancyListModel five = ModelWith(5);
-    EXPECT_EQ(five.scrollMax(400), 0);
-    EXPECT_FALSE(five.scrollBarVisible(400));
-    // One pixel too short shows the bar with a one-pixel range.
-    EXPECT_EQ(five.scrollMax(399), 1);
-    EXPECT_TRUE(five.scrollBarVisible(399));
-    EXPECT_EQ(ModelWith(0).scrollMax(10), 0);
-    EXPECT_FALSE(ModelWith(0).scrollBarVisible(0));
+    // rows (80 pixels each), surface height, scroll range
+    const int cases[][3] = {{10, 400, 400}, {5, 400, 0}, {5, 399, 1}, {0, 10, 0}, {0, 0, 0}};
+    for (auto [rows, surface, range] : cases) {
+        EXPECT_EQ(ModelWith(rows).scrollMax(surface), range) << rows << " in " << surface;
+        EXPECT_EQ(ModelWith(rows).scrollBarVisible(surface), range > 0) << rows << " in " << surface;
+    }
 }
 
 TEST(FancyListModel, HitTestAtRowBorders)
 {
     FancyListModel m = ModelWith(3);
-    EXPECT_EQ(m.hitTest(0, 0), 0);
-    EXPECT_EQ(m.hitTest(79, 0), 0);
-    EXPECT_EQ(m.hitTest(80, 0), 1);
-    EXPECT_EQ(m.hitTest(239, 0), 2);
-    EXPECT_EQ(m.hitTest(240, 0), -1); // below the last row
-    // Scrolled by 50: y 29 is pixel 79 of the list, y 30 pixel 80.
-    EXPECT_EQ(m.hitTest(29, 50), 0);
-    EXPECT_EQ(m.hitTest(30, 50), 1);
-    EXPECT_EQ(m.hitTest(189, 50), 2);
-    EXPECT_EQ(m.hitTest(190, 50), -1);
+    // y, scroll, row: scrolled by 50, y 29 is pixel 79 of the list, y 30 pixel 80
+    const int cases[][3] = {{0, 0, 0},   {79, 0, 0},  {80, 0, 1},   {239, 0, 2}, {240, 0, -1},
+                            {29, 50, 0}, {30, 50, 1}, {189, 50, 2}, {190, 50, -1}};
+    for (auto [y, scroll, row] : cases)
+        EXPECT_EQ(m.hitTest(y, scroll), row) << y << " scrolled " << scroll;
 
     // A click below the rows clears the selection; a click on a row sets it.
     m.setSelectedItem(1);
@@ -119,16 +107,12 @@ TEST(FancyListModel, VisibleRowsAndRowRectangles)
 {
     FancyListModel m = ModelWith(100);
     // At scroll 0 a 400-pixel surface reaches rows 0..6 (one spare below).
-    FancyListRows r = m.visibleRows(0, 400);
-    EXPECT_EQ(r.first, 0);
-    EXPECT_EQ(r.last, 6);
-    r = m.visibleRows(4000, 400);
-    EXPECT_EQ(r.first, 50);
-    EXPECT_EQ(r.last, 56);
-    // Near the end the last row limits the range.
-    r = m.visibleRows(7600, 400);
-    EXPECT_EQ(r.first, 95);
-    EXPECT_EQ(r.last, 99);
+    // One spare row below; near the end the last row limits the range.
+    const int cases[][3] = {{0, 0, 6}, {4000, 50, 56}, {7600, 95, 99}};
+    for (auto [scroll, first, last] : cases) {
+        const FancyListRows r = m.visibleRows(scroll, 400);
+        EXPECT_EQ(std::pair(r.first, r.last), std::pair(first, last)) << scroll;
+    }
     EXPECT_EQ(ModelWith(0).visibleRows(0, 400).count(), 0);
 
     // Row 0 with padding 8: picture box (8, 8, 64, 64), text from (80, 8).

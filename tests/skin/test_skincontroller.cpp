@@ -73,8 +73,6 @@ TEST(SkinController, HoverRewindTitleBarAndMute)
     const QPoint rewind = Centre(c.hitRects()[BtnRewind]);
     EXPECT_TRUE(c.mousePress(rewind, Qt::LeftButton).has(SkinCommand::StartRewind));
     EXPECT_FALSE(c.mouseRelease(open).has(SkinCommand::StopRewind));
-    c.mousePress(rewind, Qt::LeftButton);
-    EXPECT_TRUE(c.mouseRelease(rewind).has(SkinCommand::StopRewind));
 
     // the window icon lies in the title bar, so a press there moves the window
     EXPECT_TRUE(c.mousePress({10, 10}, Qt::LeftButton).has(SkinCommand::DragWindow));

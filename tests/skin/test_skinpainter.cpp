@@ -71,14 +71,10 @@ const int kDrawnButtons[] = {BtnClose, BtnMaxmize, BtnMinimize, BtnPlay, BtnPaus
 
 } // namespace
 
-TEST(SkinPainter, CommittedSkinIsComplete)
-{
-    EXPECT_TRUE(Skin().isComplete()) << "loaded " << Skin().loadedCount();
-    EXPECT_FALSE(Skin().progressBack().isNull());
-}
-
 TEST(SkinPainter, PaintsEveryButtonAtBothSizesAndWritesPictures)
 {
+    ASSERT_TRUE(Skin().isComplete()) << "loaded " << Skin().loadedCount();
+    ASSERT_FALSE(Skin().progressBack().isNull());
     const char *stateNames[] = {"normal", "over", "pressed", "disabled"};
     for (QSize size : {QSize(388, 515), QSize(1920, 1080)}) {
         for (int st = 0; st < kSkinStateCount; ++st) {
@@ -102,10 +98,6 @@ TEST(SkinPainter, PaintsEveryButtonAtBothSizesAndWritesPictures)
             for (int x = size.width() - 4; x < size.width(); ++x)
                 for (int y = size.height() - 60; y < size.height(); ++y)
                     ASSERT_EQ(painted.image.pixel(x, y), without.pixel(x, y)) << "edge " << x << "," << y;
-            EXPECT_FALSE(painted.rects[BtnTitleBar].isEmpty());
-            EXPECT_FALSE(painted.rects[BtnWindowIcon].isEmpty());
-            for (int i : {3, 4, 5, 6, 21, 22})
-                EXPECT_TRUE(painted.rects[i].isEmpty());
         }
     }
 }
