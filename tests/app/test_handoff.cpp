@@ -1,7 +1,7 @@
 #include "app/handoffserver.h"
+#include "support/waituntil.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QtConcurrent/QtConcurrentRun>
@@ -13,12 +13,11 @@ constexpr auto Done = handoff::SendResult::Done;
 
 namespace {
 
-// Runs the event loop until `future` is done (the receiver lives on this thread).
+// The result of `future`; the event loop runs meanwhile (the receiver lives on this thread).
 template <typename T>
 T await(QFuture<T> future)
 {
-    while (!future.isFinished())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    EXPECT_TRUE(test::waitUntil([&] { return future.isFinished(); }, std::chrono::minutes(2)));
     return future.result();
 }
 
@@ -68,8 +67,8 @@ TEST_F(HandoffTest, DeliversCommandsAndAnswersHello)
     EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(e.command, u"/x/a.mp4"_qs); })), Done);
     EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(e.probe, u"Hello"_qs); })), Done);
     EXPECT_EQ(m_received, QStringList{u"/x/a.mp4"_qs});
-    while (hellos == 0) // reported to this thread after the answer went out
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    // Reported to this thread after the answer went out.
+    EXPECT_TRUE(test::waitUntil([&] { return hellos > 0; }));
     EXPECT_EQ(hellos, 1);
 }
 
@@ -132,8 +131,7 @@ TEST_F(HandoffTest, ReceiptComesAtOnceAndCommandsWaitInOrderForTheirHandler)
     auto first = QtConcurrent::run([&] { return handoff::send(name, u"one"_qs, quick, [&] { ++receipts; }); });
     EXPECT_EQ(await(first), handoff::SendResult::Unconfirmed);
     auto second = QtConcurrent::run([&] { return handoff::send(name, u"two"_qs, {}, [&] { ++receipts; }); });
-    while (receipts < 2)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    EXPECT_TRUE(test::waitUntil([&] { return receipts >= 2; }));
     QStringList handled;
     later.setCommandHandler([&](const QString &text, std::function<void()> done) {
         handled << text;

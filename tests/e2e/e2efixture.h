@@ -4,10 +4,10 @@
 
 #include "support/mediagen.h"
 #include "support/quorvelprocess.h"
+#include "support/waituntil.h"
 #include "support/xvfb.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
 #include <gtest/gtest.h>
@@ -67,14 +67,9 @@ protected:
     // Waits until `text` stands `count` times in the program's trace.
     static bool waitForCount(QuorvelProcess &q, const QString &text, int count, int timeoutMs = 60000)
     {
-        QElapsedTimer clock;
-        clock.start();
-        while (q.log().count(text) < count) {
-            if (clock.elapsed() > timeoutMs || !q.isRunning())
-                return q.log().count(text) >= count;
-            q.waitForLog(QStringLiteral("\\A\\z"), 100); // just reads what has come
-        }
-        return true;
+        waitUntil([&] { return q.log().count(text) >= count || !q.isRunning(); },
+                  std::chrono::milliseconds(timeoutMs));
+        return q.log().count(text) >= count;
     }
     // Sends keys to the program's window (xdotool key syntax).
     void keys(const QStringList &sequence)

@@ -133,9 +133,8 @@ TEST_F(PlayOrderTest, FullScreenIsLeftWithEscape)
         return QString::fromUtf8(p.readAll());
     };
     auto waitFor = [&](bool full) {
-        for (int i = 0; i < 50 && geometry().contains(QStringLiteral("1280x1024")) != full; ++i)
-            QThread::msleep(100);
-        return geometry().contains(QStringLiteral("1280x1024")) == full;
+        return waitUntil([&] { return geometry().contains(QStringLiteral("1280x1024")) == full; },
+                         std::chrono::seconds(5));
     };
     keys({QStringLiteral("ctrl+f")});
     EXPECT_TRUE(waitFor(true)) << geometry().toStdString();

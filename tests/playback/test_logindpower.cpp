@@ -1,5 +1,6 @@
 #include "playback/systempower.h"
 #include "qstringprint.h"
+#include "support/waituntil.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -70,8 +71,7 @@ bool waitFinished(LogindPower &power, const QString &expectedAction)
         done = true;
         requested = ok;
     });
-    while (!done)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    EXPECT_TRUE(test::waitUntil([&] { return done; }));
     return requested;
 }
 

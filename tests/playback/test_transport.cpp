@@ -6,6 +6,7 @@
 #include "playlist/playlist.h"
 #include "support/fakeengine.h"
 #include "support/recordingnotifier.h"
+#include "support/waituntil.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -94,9 +95,8 @@ struct TransportFixture : ::testing::Test {
     // Lets a pending stop settle (at least one pass of the event loop).
     void settle()
     {
-        do
-            QCoreApplication::processEvents();
-        while (transport.isStopping());
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(test::waitUntil([&] { return !transport.isStopping(); }));
     }
     int playingIndex() const { return playlist.fullPaths().indexOf(state.CurrentFile); }
 };

@@ -2,29 +2,15 @@
 // engine runs without a surface, which is enough for its state and times.
 #include "playback/vlcengine.h"
 #include "support/mediagen.h"
+#include "support/waituntil.h"
 
-#include <QElapsedTimer>
-#include <QThread>
 #include <QWidget>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
 
-namespace {
-// Polls as the monitor does until `pred` holds or the engine has had ample time.
-template <typename Pred>
-bool pollUntil(Pred pred)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!pred()) {
-        if (clock.elapsed() > 20000)
-            return false;
-        QThread::msleep(50);
-    }
-    return true;
-}
-} // namespace
+// The engine runs on its own threads; it gets ample time for each change.
+constexpr std::chrono::seconds kAmple(20);
 
 TEST(VlcEngine, WithoutAControlEverythingIsQuiet)
 {
@@ -52,22 +38,22 @@ TEST(VlcEngine, PlaysStopsAndRestartsARealClip)
     engine.playlistAdd(clip, QString(), {}); // one item per control
     EXPECT_EQ(engine.itemCount(), 1);
     engine.play();
-    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Playing && engine.time() > 300; }))
+    ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Playing && engine.time() > 300; }, kAmple))
         << "state " << engine.state();
     EXPECT_NEAR(engine.length(), 3000, 200);
     EXPECT_GT(engine.position(), 0);
     engine.setRate(2.0);
 
     engine.togglePause();
-    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Paused; }));
+    ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Paused; }, kAmple));
     engine.togglePause();
-    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Playing; }));
+    ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Playing; }, kAmple));
 
     engine.stop();
-    EXPECT_TRUE(pollUntil([&] { return engine.state() == Engine::Stopped || engine.state() == Engine::Idle; }));
+    EXPECT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Stopped || engine.state() == Engine::Idle; }, kAmple));
     engine.play(); // from the beginning again
-    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Playing; }));
-    ASSERT_TRUE(pollUntil([&] { return engine.state() == Engine::Ended; }));
+    ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Playing; }, kAmple));
+    ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Ended; }, kAmple));
 
     // A new control forgets the old item.
     engine.createControl();
@@ -91,7 +77,7 @@ TEST(VlcEngine, VideoStartsAgainOnASurfaceThatIsNoX11Window)
         engine.createControl();
         engine.playlistAdd(clip, QString(), {});
         engine.play();
-        ASSERT_TRUE(pollUntil([&] { return engine.hasVout() || engine.state() == Engine::Ended; })) << start;
+        ASSERT_TRUE(test::waitUntil([&] { return engine.hasVout() || engine.state() == Engine::Ended; }, kAmple)) << start;
         engine.stop();
     }
 }
@@ -102,7 +88,7 @@ TEST(VlcEngine, AFileThatCannotBeOpenedNeverPlays)
     engine.createControl();
     engine.playlistAdd(u"/no/such/file.mp4"_qs, QString(), {});
     engine.play();
-    EXPECT_TRUE(pollUntil([&] { return engine.state() == Engine::Error || engine.state() == Engine::Ended; }))
+    EXPECT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Error || engine.state() == Engine::Ended; }, kAmple))
         << engine.state();
     EXPECT_EQ(engine.length(), 0);
 }

@@ -1,10 +1,10 @@
 #include "quorvelprocess.h"
 
 #include "mediagen.h"
+#include "waituntil.h"
 
 #include <QDir>
 #include <QDirIterator>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
 
@@ -129,16 +129,10 @@ QString QuorvelProcess::log()
 QRegularExpressionMatch QuorvelProcess::waitForLog(const QString &pattern, int timeoutMs)
 {
     const QRegularExpression re(pattern, QRegularExpression::MultilineOption);
-    QElapsedTimer clock;
-    clock.start();
-    for (;;) {
-        const QRegularExpressionMatch m = re.match(log());
-        if (m.hasMatch())
-            return m;
-        if (clock.elapsed() > timeoutMs || !isRunning())
-            return re.match(log());
-        m_process->waitForFinished(100);
-    }
+    QRegularExpressionMatch m;
+    waitUntil([&] { return (m = re.match(log())).hasMatch() || !isRunning(); }, std::chrono::milliseconds(timeoutMs));
+    // A program that has just ended may have written its last lines meanwhile.
+    return m.hasMatch() ? m : re.match(log());
 }
 
 bool QuorvelProcess::waitForExit(int timeoutMs)
