@@ -3,6 +3,8 @@
 # end-to-end; the end-to-end tests start their own Xvfb).
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
-"$root/tools/build.sh"
+# CI (which sets CI) builds with warnings as errors; a developer's build only shows them.
+if [ -n "${CI:-}" ]; then werror=ON; else werror=OFF; fi
+"$root/tools/build.sh" -DQUORVEL_WERROR="$werror"
 cd "$root/build"
 ctest --output-on-failure -j"$(nproc)" "$@"

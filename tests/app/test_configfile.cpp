@@ -219,8 +219,9 @@ TEST(ConfigFile, AFailedWriteKeepsTheOldFile)
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner);
     const bool wrote = ConfigFile::write(path, DefaultSettings(testEnvironment()));
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    if (!wrote) // root may write anyway
+    if (!wrote) { // root may write anyway
         EXPECT_EQ(readAll(path), before);
+    }
 }
 
 TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
