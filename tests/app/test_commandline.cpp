@@ -40,8 +40,8 @@ TEST(CommandLine, EachArgumentIsOneFileMadeAbsoluteAgainstTheCallersFolder)
 
 TEST(CommandLine, QtRunsOnXcbInAWaylandSessionUnlessThePlatformWasChosen)
 {
-    EXPECT_EQ(QtPlatformToUse("", "wayland-0", ""), "xcb");
-    EXPECT_EQ(QtPlatformToUse("", "", "wayland"), "xcb");
-    EXPECT_EQ(QtPlatformToUse("wayland", "wayland-0", "wayland"), "");
-    EXPECT_EQ(QtPlatformToUse("", "", "x11"), "");
+    const char *cases[][4] = {{"", "wayland-0", "", "xcb"}, {"", "", "wayland", "xcb"},
+                              {"wayland", "wayland-0", "wayland", ""}, {"", "", "x11", ""}};
+    for (const auto &c : cases)
+        EXPECT_EQ(QtPlatformToUse(c[0], c[1], c[2]), c[3]) << c[0] << '|' << c[1] << '|' << c[2];
 }

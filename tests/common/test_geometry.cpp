@@ -6,21 +6,20 @@ using namespace quorvel;
 
 TEST(Geometry, FitScaleKeepsAspectAndGuardsEmptySources)
 {
-    EXPECT_DOUBLE_EQ(FitScale(0, 100, 64, 64), 1.0);
-    EXPECT_DOUBLE_EQ(FitScale(100, 0, 64, 64), 1.0);
-    EXPECT_DOUBLE_EQ(FitScale(640, 480, 64, 64), 0.1);      // wide: width decides
-    EXPECT_DOUBLE_EQ(FitScale(480, 640, 64, 64), 0.1);      // tall: height decides
-    EXPECT_DOUBLE_EQ(FitScale(100, 100, 64, 32), 0.32);     // equal ratios: height
-    EXPECT_DOUBLE_EQ(FitScale(32, 32, 64, 64), 2.0);        // small sources grow
+    const struct { int w, h, boxW, boxH; double scale; } cases[] = {
+        {0, 100, 64, 64, 1.0}, {100, 0, 64, 64, 1.0}, // empty sources
+        {640, 480, 64, 64, 0.1}, {480, 640, 64, 64, 0.1}, // wide: width decides; tall: height
+        {100, 100, 64, 32, 0.32}, {32, 32, 64, 64, 2.0}, // small sources grow
+    };
+    for (const auto &c : cases)
+        EXPECT_DOUBLE_EQ(FitScale(c.w, c.h, c.boxW, c.boxH), c.scale) << c.w << 'x' << c.h;
 }
 
 TEST(Geometry, HitRectHasExclusiveEdges)
 {
     const HitRect r{10, 20, 30, 40};
-    EXPECT_TRUE(r.contains({10, 20}));
-    EXPECT_TRUE(r.contains({29, 39}));
-    EXPECT_FALSE(r.contains({30, 39}));
-    EXPECT_FALSE(r.contains({29, 40}));
+    EXPECT_TRUE(r.contains({10, 20}) && r.contains({29, 39}));
+    EXPECT_FALSE(r.contains({30, 39}) || r.contains({29, 40}));
     const HitRect empty{5, 5, 5, 9};
     EXPECT_TRUE(empty.isEmpty());
     EXPECT_FALSE(empty.contains({5, 5}));

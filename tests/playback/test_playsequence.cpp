@@ -8,24 +8,9 @@ using namespace quorvel;
 
 TEST(PlaySequence, RoundingIsHalfToEven)
 {
-    EXPECT_EQ(RoundHalfEven(0.5), 0);
-    EXPECT_EQ(RoundHalfEven(1.5), 2);
-    EXPECT_EQ(RoundHalfEven(2.5), 2);
-    EXPECT_EQ(RoundHalfEven(2.51), 3);
-    EXPECT_EQ(RoundHalfEven(-0.5), 0);
-    EXPECT_EQ(RoundHalfEven(159.5), 160);
-}
-
-TEST(PlaySequence, SequentialOrderIsTheIdentityWithTheCursorOnTheSelection)
-{
-    PlaySequence s;
-    s.MakeSequentialOrder(4, 2);
-    EXPECT_EQ(s.entries(), (QStringList{u"0"_qs, u"1"_qs, u"2"_qs, u"3"_qs}));
-    EXPECT_EQ(s.cursor(), 2);
-    s.MakeSequentialOrder(0, -1);
-    EXPECT_EQ(s.count(), 0);
-    EXPECT_EQ(s.cursor(), -1);
-    EXPECT_FALSE(s.stepNext());
+    const std::pair<double, int> cases[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {2.51, 3}, {-0.5, 0}, {159.5, 160}};
+    for (const auto &[value, rounded] : cases)
+        EXPECT_EQ(RoundHalfEven(value), rounded) << value;
 }
 
 TEST(PlaySequence, ShuffleIsAPermutationForManySeeds)
@@ -35,16 +20,13 @@ TEST(PlaySequence, ShuffleIsAPermutationForManySeeds)
         PlaySequence s([&gen] { return gen.generateDouble(); });
         const int n = 1 + static_cast<int>(seed % 9);
         s.MakeShuffledOrder(n, -1);
-        QSet<int> seen;
-        for (int p = 0; p < n; ++p)
+        QSet<int> seen, all;
+        for (int p = 0; p < n; ++p) {
             seen.insert(s.indexAt(p));
-        ASSERT_EQ(seen.size(), n) << "seed " << seed;
-        for (int i = 0; i < n; ++i)
-            EXPECT_TRUE(seen.contains(i));
+            all.insert(p);
+        }
+        ASSERT_EQ(seen, all) << "seed " << seed;
     }
-    PlaySequence one;
-    one.MakeShuffledOrder(1, 0);
-    EXPECT_EQ(one.entries(), QStringList{u"0"_qs});
 }
 
 TEST(PlaySequence, ShuffleDrawsPositionsWithRoundHalfEvenAndRetries)
@@ -59,7 +41,7 @@ TEST(PlaySequence, ShuffleDrawsPositionsWithRoundHalfEvenAndRetries)
     EXPECT_TRUE(draws.isEmpty());
 }
 
-TEST(PlaySequence, NextAndPreviousWrap)
+TEST(PlaySequence, StepsWrapAndAnEmptyOrderDoesNotMove)
 {
     PlaySequence s;
     s.MakeSequentialOrder(3, 2);
@@ -70,46 +52,45 @@ TEST(PlaySequence, NextAndPreviousWrap)
     s.setCursor(-1); // nothing current: previous goes to the last
     s.stepPrevious();
     EXPECT_EQ(s.cursor(), 2);
+    s.MakeSequentialOrder(0, -1);
+    EXPECT_FALSE(s.stepNext());
 }
 
-TEST(PlaySequence, EveryRowOfTheEndOfItemTable)
+TEST(PlaySequence, EndOfItemRules)
 {
     const QString file = u"/m/a.mp4"_qs;
-    PlaySequence s;
-    s.MakeSequentialOrder(3, 1);
-
-    // Nothing without an engine item or for a drive root.
-    EXPECT_EQ(DecideEndOfItem(PlayContinuous, RepeatAllItems, s, 0, file).kind, EndOfItem::Nothing);
-    EXPECT_EQ(DecideEndOfItem(PlayContinuous, RepeatAllItems, s, 1, u"D:\\"_qs).kind, EndOfItem::Nothing);
-    // Single repeat in any mode.
-    for (int mode : {PlayNormal, PlayContinuous, PlayShuffle})
-        EXPECT_EQ(DecideEndOfItem(mode, RepeatSingleItem, s, 1, file).kind, EndOfItem::Replay);
-    // Normal mode stops whatever the repeat says.
-    EXPECT_EQ(DecideEndOfItem(PlayNormal, RepeatAllItems, s, 1, file).kind, EndOfItem::StopAndAfterPlay);
-    EXPECT_EQ(DecideEndOfItem(PlayNormal, RepeatNoRepeat, s, 1, file).kind, EndOfItem::StopAndAfterPlay);
-    EXPECT_EQ(s.cursor(), 1);
-    // Continuous: the next entry, then stop (no repeat) or wrap (repeat all).
-    EndOfItem e = DecideEndOfItem(PlayContinuous, RepeatNoRepeat, s, 1, file);
-    EXPECT_EQ(e.kind, EndOfItem::PlayEntry);
-    EXPECT_EQ(e.index, 2);
-    EXPECT_EQ(DecideEndOfItem(PlayContinuous, RepeatNoRepeat, s, 1, file).kind, EndOfItem::StopAndAfterPlay);
-    EXPECT_EQ(s.cursor(), 2);
-    e = DecideEndOfItem(PlayContinuous, RepeatAllItems, s, 1, file);
-    EXPECT_EQ(e.kind, EndOfItem::PlayEntry);
-    EXPECT_EQ(e.index, 0);
+    // Each row runs on a fresh sequential order of 3 with the cursor on 1,
+    // except the continuous ones, which start on the last entry.
+    const struct {
+        int mode, repeat, engineItems, cursor;
+        QString file;
+        EndOfItem::Kind kind;
+        int index;
+    } cases[] = {
+        {PlayContinuous, RepeatAllItems, 0, 1, file, EndOfItem::Nothing, -1}, // no engine item
+        {PlayContinuous, RepeatAllItems, 1, 1, u"D:\\"_qs, EndOfItem::Nothing, -1}, // a drive root
+        {PlayNormal, RepeatSingleItem, 1, 1, file, EndOfItem::Replay, -1},
+        {PlayShuffle, RepeatSingleItem, 1, 1, file, EndOfItem::Replay, -1},
+        {PlayNormal, RepeatAllItems, 1, 1, file, EndOfItem::StopAndAfterPlay, -1},
+        {PlayContinuous, RepeatNoRepeat, 1, 1, file, EndOfItem::PlayEntry, 2},
+        {PlayContinuous, RepeatNoRepeat, 1, 2, file, EndOfItem::StopAndAfterPlay, -1},
+        {PlayContinuous, RepeatAllItems, 1, 2, file, EndOfItem::PlayEntry, 0},
+    };
+    for (const auto &c : cases) {
+        PlaySequence s;
+        s.MakeSequentialOrder(3, c.cursor);
+        const EndOfItem e = DecideEndOfItem(c.mode, c.repeat, s, c.engineItems, c.file);
+        EXPECT_EQ(e.kind, c.kind) << c.mode << ' ' << c.repeat << ' ' << c.cursor;
+        if (c.index >= 0) {
+            EXPECT_EQ(e.index, c.index) << c.mode << ' ' << c.repeat << ' ' << c.cursor;
+        }
+    }
     // Shuffle follows the indices held in the order.
     QList<double> draws{0.9, 0.1, 0.5};
     PlaySequence sh([&draws] { return draws.takeFirst(); });
-    sh.MakeShuffledOrder(3, 0); // positions: 2 <- 0, 0 <- 1, 1 <- 2 => "1","2","0"
-    ASSERT_EQ(sh.entries(), (QStringList{u"1"_qs, u"2"_qs, u"0"_qs}));
-    e = DecideEndOfItem(PlayShuffle, RepeatNoRepeat, sh, 1, file);
-    EXPECT_EQ(e.index, 2);
-    e = DecideEndOfItem(PlayShuffle, RepeatNoRepeat, sh, 1, file);
-    EXPECT_EQ(e.index, 0);
+    sh.MakeShuffledOrder(3, 0); // "1","2","0"
+    EXPECT_EQ(DecideEndOfItem(PlayShuffle, RepeatNoRepeat, sh, 1, file).index, 2);
+    EXPECT_EQ(DecideEndOfItem(PlayShuffle, RepeatNoRepeat, sh, 1, file).index, 0);
     EXPECT_EQ(DecideEndOfItem(PlayShuffle, RepeatNoRepeat, sh, 1, file).kind, EndOfItem::StopAndAfterPlay);
     EXPECT_EQ(DecideEndOfItem(PlayShuffle, RepeatAllItems, sh, 1, file).index, 1);
-    // An order that names a removed entry still moves; the index is left to the caller.
-    s.MakeSequentialOrder(3, 0);
-    s.removeAt(1);
-    EXPECT_EQ(s.entries(), (QStringList{u"0"_qs, u"2"_qs}));
 }
