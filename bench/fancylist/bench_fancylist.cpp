@@ -71,9 +71,7 @@ int main(int argc, char **argv)
     QImage target(360, 600, QImage::Format_ARGB32_Premultiplied);
     // The rows only: the scroll bar's own drawing depends on its slider size,
     // which differs between the two lists and is not ours.
-    auto paint = [&](FancyList &list) {
-        list.render(&target, QPoint(), QRegion(), QWidget::DrawWindowBackground);
-    };
+    auto paint = [&](FancyList &list) { list.render(&target, QPoint(), QRegion(), QWidget::DrawWindowBackground); };
     // Warm the glyph and picture caches so the baseline does not pay for them.
     for (int i = 0; i < 50; ++i) {
         paint(small);
@@ -89,8 +87,7 @@ int main(int argc, char **argv)
     std::printf("%-28s %12s %8s %6s\n", "paint", "ns", "ratio", "rows");
     std::printf("%-28s %12.0f %8.2f %6d\n", "10 rows (baseline)", base, 1.0, small.lastPaintedRows());
     std::printf("%-28s %12.0f %8.2f %6d\n", "10,000 rows, top", top, top / base, large.lastPaintedRows());
-    std::printf("%-28s %12.0f %8.2f %6d\n", "10,000 rows, middle", middle, middle / base,
-                large.lastPaintedRows());
+    std::printf("%-28s %12.0f %8.2f %6d\n", "10,000 rows, middle", middle, middle / base, large.lastPaintedRows());
 
     // Memory: rows added from full 640 x 480 frames are kept as 64 x 48 pictures.
     const double rawThumb = 64.0 * 64.0 * 4.0;

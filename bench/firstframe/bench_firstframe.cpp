@@ -18,9 +18,9 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QThread>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <QThread>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <algorithm>
@@ -144,8 +144,8 @@ int main(int argc, char **argv)
     }
     const QString clip = makeMedia(QStringLiteral("bench-firstframe.mp4"),
                                    {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                    QStringLiteral("testsrc=size=640x360:rate=25:duration=10"),
-                                    QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
+                                    QStringLiteral("testsrc=size=640x360:rate=25:duration=10"), QStringLiteral("-f"),
+                                    QStringLiteral("lavfi"), QStringLiteral("-i"),
                                     QStringLiteral("sine=frequency=440:duration=10"), QStringLiteral("-shortest"),
                                     QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")});
     std::vector<qint64> theirs, ours, ourStart, ourOpen, ourVout;

@@ -46,7 +46,8 @@ int main(int argc, char **argv)
     QStringList paths;
     for (const QString &kind : kinds) {
         const QString master = dir.filePath(QStringLiteral("master.") + kind);
-        QStringList args{QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"), QStringLiteral("-y")};
+        QStringList args{QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"),
+                         QStringLiteral("-y")};
         if (kind != u"mp3")
             args << QStringLiteral("-f") << QStringLiteral("lavfi") << QStringLiteral("-i")
                  << QStringLiteral("testsrc2=size=320x240:rate=25:duration=4");
@@ -70,10 +71,11 @@ int main(int argc, char **argv)
     for (const QString &path : paths) {
         run(ffmpeg, {QStringLiteral("-hide_banner"), QStringLiteral("-i"), path});
         if (!path.endsWith(u".mp3"))
-            run(ffmpeg, {QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"),
-                         QStringLiteral("-ss"), QStringLiteral("0.4"), QStringLiteral("-i"), path,
-                         QStringLiteral("-vframes"), QStringLiteral("1"), QStringLiteral("-s"), QStringLiteral("90x68"),
-                         QStringLiteral("-f"), QStringLiteral("image2"), QStringLiteral("-y"), dir.filePath(QStringLiteral("b.jpg"))});
+            run(ffmpeg,
+                {QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"),
+                 QStringLiteral("-ss"), QStringLiteral("0.4"), QStringLiteral("-i"), path, QStringLiteral("-vframes"),
+                 QStringLiteral("1"), QStringLiteral("-s"), QStringLiteral("90x68"), QStringLiteral("-f"),
+                 QStringLiteral("image2"), QStringLiteral("-y"), dir.filePath(QStringLiteral("b.jpg"))});
     }
     const double baseline = double(clock.nsecsElapsed());
 

@@ -55,9 +55,7 @@ int main(int argc, char **argv)
     QElapsedTimer beat;
     QTimer heart;
     heart.setInterval(5);
-    QObject::connect(&heart, &QTimer::timeout, [&] {
-        longestWait = qMax(longestWait, beat.restart());
-    });
+    QObject::connect(&heart, &QTimer::timeout, [&] { longestWait = qMax(longestWait, beat.restart()); });
     QElapsedTimer clock;
     clock.start();
     beat.start();

@@ -42,13 +42,13 @@ int main(int argc, char **argv)
     libvlc_media_t *media = libvlc_media_new_path(vlc, argv[1]);
     libvlc_media_player_t *player = libvlc_media_player_new_from_media(media);
     libvlc_media_release(media);
-    libvlc_event_attach(libvlc_media_player_event_manager(player), libvlc_MediaPlayerPlaying,
-                        [](const libvlc_event_t *, void *) {
-                            std::printf("engine playing monotonic= %lld\n",
-                                        static_cast<long long>(MonotonicMs()));
-                            std::fflush(stdout);
-                        },
-                        nullptr);
+    libvlc_event_attach(
+        libvlc_media_player_event_manager(player), libvlc_MediaPlayerPlaying,
+        [](const libvlc_event_t *, void *) {
+            std::printf("engine playing monotonic= %lld\n", static_cast<long long>(MonotonicMs()));
+            std::fflush(stdout);
+        },
+        nullptr);
     libvlc_media_player_set_xwindow(player, static_cast<uint32_t>(surface->winId()));
     std::printf("started monotonic= %lld\n", static_cast<long long>(MonotonicMs()));
     std::fflush(stdout);

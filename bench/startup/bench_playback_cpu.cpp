@@ -52,14 +52,13 @@ int main(int argc, char **argv)
     XvfbServer x;
     if (!x.isRunning())
         return 1;
-    const QString clip = makeMedia(QStringLiteral("bench-720p.mp4"),
-                                   {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                    QStringLiteral("testsrc2=size=1280x720:rate=25:duration=%1").arg(seconds + 10),
-                                    QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                    QStringLiteral("sine=duration=%1").arg(seconds + 10),
-                                    QStringLiteral("-c:v"), QStringLiteral("libx264"), QStringLiteral("-preset"),
-                                    QStringLiteral("ultrafast"), QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p"),
-                                    QStringLiteral("-shortest")});
+    const QString clip = makeMedia(
+        QStringLiteral("bench-720p.mp4"),
+        {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
+         QStringLiteral("testsrc2=size=1280x720:rate=25:duration=%1").arg(seconds + 10), QStringLiteral("-f"),
+         QStringLiteral("lavfi"), QStringLiteral("-i"), QStringLiteral("sine=duration=%1").arg(seconds + 10),
+         QStringLiteral("-c:v"), QStringLiteral("libx264"), QStringLiteral("-preset"), QStringLiteral("ultrafast"),
+         QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p"), QStringLiteral("-shortest")});
     Sandbox box;
     const QProcessEnvironment env = box.environment(x.display());
     const double bare = measure(QStringLiteral(BARE_VLC_PATH), {clip}, env, seconds);

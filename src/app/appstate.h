@@ -10,10 +10,10 @@
 namespace quorvel {
 
 struct AppTables {
-    QString AppPath;     // the program folder, ending in a separator
+    QString AppPath;           // the program folder, ending in a separator
     ConfigLocation ConfigPath; // where "Config.cfg" is read and written
-    MediaTables media;   // codec maps and default pictures
-    CommandLine command; // this process's command line
+    MediaTables media;         // codec maps and default pictures
+    CommandLine command;       // this process's command line
 };
 
 } // namespace quorvel

@@ -64,9 +64,9 @@ QString CallerWorkingFolder()
     const QString real = QDir::currentPath();
     const QByteArray pwd = qgetenv("PWD");
     struct stat a {
-    }, b {};
-    if (pwd.startsWith('/') && ::stat(pwd.constData(), &a) == 0 && ::stat(".", &b) == 0
-        && a.st_dev == b.st_dev && a.st_ino == b.st_ino)
+    }, b{};
+    if (pwd.startsWith('/') && ::stat(pwd.constData(), &a) == 0 && ::stat(".", &b) == 0 && a.st_dev == b.st_dev
+        && a.st_ino == b.st_ino)
         return QFile::decodeName(pwd);
     return real;
 }

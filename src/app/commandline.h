@@ -13,7 +13,7 @@
 namespace quorvel {
 
 struct CommandLine {
-    QStringList files; // absolute paths, in the order given
+    QStringList files;     // absolute paths, in the order given
     bool forcePlay = true; // false when the add-only marker was given
 
     // `arguments` without the program name.

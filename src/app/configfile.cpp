@@ -113,8 +113,8 @@ private:
 // quotes, with its own quotes doubled.
 QByteArray quotedWhereNeeded(QByteArray text)
 {
-    const bool plain = !text.contains(',') && !text.contains('"') && !text.contains('\r')
-        && !text.contains('\n') && !text.startsWith(' ') && !text.startsWith('\t');
+    const bool plain = !text.contains(',') && !text.contains('"') && !text.contains('\r') && !text.contains('\n')
+                       && !text.startsWith(' ') && !text.startsWith('\t');
     if (plain)
         return text;
     return '"' + text.replace("\"", "\"\"") + '"';
@@ -156,8 +156,7 @@ QDebug operator<<(QDebug debug, const ConfigLocation &location)
 
 QString ConfigFile::userFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-        + QStringLiteral("/quorvel");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/quorvel");
 }
 
 ConfigLocation ConfigFile::locate(const QString &programFolder)
@@ -172,9 +171,9 @@ ConfigLocation ConfigFile::locate(const QString &programFolder, const QString &u
     const QFileInfo besideInfo(beside);
     const bool besideIsFile = besideInfo.exists() && besideInfo.isFile();
     if (besideIsFile && isWritableFile(besideInfo))
-        return { beside, beside };
+        return {beside, beside};
     if (!besideInfo.exists() && QFileInfo(programFolder).isWritable())
-        return { beside, beside };
+        return {beside, beside};
 
     const bool userFolderUsable = QDir().mkpath(userFolder) && QFileInfo(userFolder).isWritable();
     const QFileInfo userInfo(user);

@@ -55,19 +55,13 @@ public:
     // to the defaults and rewrites a damaged file. An empty DefaultFolder is
     // replaced by the desktop folder.
     static LoadResult load(const ConfigLocation &where, const SettingsEnvironment &env);
-    static LoadResult load(const QString &path, const SettingsEnvironment &env)
-    {
-        return load({ path, path }, env);
-    }
+    static LoadResult load(const QString &path, const SettingsEnvironment &env) { return load({path, path}, env); }
 
     // `WriteConfigurations`: writes to a temporary file and renames it over the
     // old one, so a failure never leaves a half-written file behind. Nothing
     // is written (and true returned) when the location has no write path.
     static bool write(const ConfigLocation &where, const Settings &settings);
-    static bool write(const QString &path, const Settings &settings)
-    {
-        return write({ path, path }, settings);
-    }
+    static bool write(const QString &path, const Settings &settings) { return write({path, path}, settings); }
 };
 
 } // namespace quorvel

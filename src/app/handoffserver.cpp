@@ -22,8 +22,7 @@ constexpr int kIdleMs = 10000;
 bool sameUser(QLocalSocket *socket)
 {
 #ifdef SO_PEERCRED
-    struct ucred cred {
-    };
+    struct ucred cred {};
     socklen_t len = sizeof(cred);
     if (getsockopt(static_cast<int>(socket->socketDescriptor()), SOL_SOCKET, SO_PEERCRED, &cred, &len) != 0)
         return false;
@@ -39,10 +38,7 @@ bool sameUser(QLocalSocket *socket)
 // Owns the sockets; every member runs on the server's thread.
 class HandoffServer::Worker : public QObject {
 public:
-    explicit Worker(HandoffServer *owner)
-        : m_owner(owner)
-    {
-    }
+    explicit Worker(HandoffServer *owner) : m_owner(owner) {}
 
     bool adopt(const ListeningEndpoints &e)
     {
@@ -80,8 +76,7 @@ private:
             return false;
         }
         QLocalServer *raw = server.get();
-        QObject::connect(
-            raw, &QLocalServer::newConnection, this, [this, raw, isCommand] { accept(raw, isCommand); });
+        QObject::connect(raw, &QLocalServer::newConnection, this, [this, raw, isCommand] { accept(raw, isCommand); });
         return true;
     }
 
@@ -99,7 +94,7 @@ private:
             QObject::connect(idle, &QTimer::timeout, socket, [socket] { socket->abort(); });
             idle->start(kIdleMs);
             QObject::connect(socket, &QLocalSocket::readyRead, this,
-                [this, socket, isCommand] { readFrom(socket, isCommand); });
+                             [this, socket, isCommand] { readFrom(socket, isCommand); });
             QObject::connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
                 m_buffers.remove(socket);
                 socket->deleteLater();
@@ -152,10 +147,7 @@ private:
     quint64 m_lastId = 0;
 };
 
-HandoffServer::HandoffServer(QObject *parent)
-    : QObject(parent)
-{
-}
+HandoffServer::HandoffServer(QObject *parent) : QObject(parent) {}
 
 HandoffServer::~HandoffServer()
 {

@@ -79,10 +79,7 @@ bool waitFor(int fd, short events, const QElapsedTimer &clock, int deadlineMs)
 
 class Fd {
 public:
-    explicit Fd(int fd)
-        : m_fd(fd)
-    {
-    }
+    explicit Fd(int fd) : m_fd(fd) {}
     ~Fd()
     {
         if (m_fd >= 0)
@@ -138,10 +135,7 @@ RunningMarker::~RunningMarker()
         ::close(m_fd);
 }
 
-StartupLock::StartupLock(QString path)
-    : m_path(std::move(path))
-{
-}
+StartupLock::StartupLock(QString path) : m_path(std::move(path)) {}
 
 StartupLock::~StartupLock()
 {
@@ -172,8 +166,7 @@ bool StartupLock::acquire(int timeoutMs)
     const ssize_t n = ::pread(m_fd, text, sizeof(text) - 1, 0);
     m_turn = (n > 0 ? QByteArray(text, static_cast<qsizetype>(n)).trimmed().toULongLong() : 0) + 1;
     const QByteArray next = QByteArray::number(m_turn) + '\n';
-    if (::ftruncate(m_fd, 0) != 0
-        || ::pwrite(m_fd, next.constData(), static_cast<size_t>(next.size()), 0) < 0)
+    if (::ftruncate(m_fd, 0) != 0 || ::pwrite(m_fd, next.constData(), static_cast<size_t>(next.size()), 0) < 0)
         m_turn = 0; // the count is for traces only
     return true;
 }
@@ -225,7 +218,7 @@ bool listen(const QString &folder, ListeningEndpoints *endpoints)
 {
     static int serial = 0; // several receivers in one process (tests)
     const QString base = folder + QStringLiteral("/quorvel-%1-%2").arg(getuid()).arg(getpid())
-        + (serial++ ? QStringLiteral("-%1").arg(serial) : QString());
+                         + (serial++ ? QStringLiteral("-%1").arg(serial) : QString());
     ListeningEndpoints e;
     e.command = base + QStringLiteral("-cmd");
     e.probe = base + QStringLiteral("-chk");
@@ -247,8 +240,7 @@ qint64 ownerOf(const QString &endpoint)
     return m.hasMatch() ? m.captured(1).toLongLong() : 0;
 }
 
-SendResult send(
-    const QString &name, const QString &text, const SendTimes &times, const std::function<void()> &received)
+SendResult send(const QString &name, const QString &text, const SendTimes &times, const std::function<void()> &received)
 {
     sockaddr_un address;
     if (!toAddress(name, &address))
@@ -280,8 +272,8 @@ SendResult send(
     while (written < data.size()) {
         if (!waitFor(socket.get(), POLLOUT, clock, times.receiptMs))
             return SendResult::NoAnswer;
-        const ssize_t n = ::send(socket.get(), data.constData() + written,
-            static_cast<size_t>(data.size() - written), MSG_NOSIGNAL);
+        const ssize_t n = ::send(socket.get(), data.constData() + written, static_cast<size_t>(data.size() - written),
+                                 MSG_NOSIGNAL);
         if (n < 0 && errno != EAGAIN && errno != EINTR)
             return SendResult::Dropped;
         written += qMax<ssize_t>(n, 0);

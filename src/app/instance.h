@@ -96,19 +96,19 @@ bool listen(const QString &folder, ListeningEndpoints *endpoints);
 qint64 ownerOf(const QString &endpoint);
 
 enum class SendResult {
-    Done, // the receiver has handled the message
+    Done,       // the receiver has handled the message
     NoInstance, // nobody listens there
-    NoAnswer, // connected, but no receipt in time: the instance hangs
-    Dropped, // the connection closed before the receiver had handled it
+    NoAnswer,   // connected, but no receipt in time: the instance hangs
+    Dropped,    // the connection closed before the receiver had handled it
     Unconfirmed // received, but not handled in time
 };
 struct SendTimes {
     int receiptMs = 5000; // connection and receipt
-    int doneMs = 60000; // from the receipt to the end of the handling
+    int doneMs = 60000;   // from the receipt to the end of the handling
 };
 // Sends `text`; `received` runs once the receiver has confirmed the receipt.
 SendResult send(const QString &name, const QString &text, const SendTimes &times = {},
-    const std::function<void()> &received = {});
+                const std::function<void()> &received = {});
 } // namespace handoff
 
 } // namespace quorvel

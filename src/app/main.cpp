@@ -55,19 +55,18 @@ int main(int argc, char **argv)
         return runPlayer(start);
     }
 
-    const QByteArray platform = quorvel::QtPlatformToUse(
-        qgetenv("QT_QPA_PLATFORM"), qgetenv("WAYLAND_DISPLAY"), qgetenv("XDG_SESSION_TYPE"));
+    const QByteArray platform = quorvel::QtPlatformToUse(qgetenv("QT_QPA_PLATFORM"), qgetenv("WAYLAND_DISPLAY"),
+                                                         qgetenv("XDG_SESSION_TYPE"));
     if (!platform.isEmpty())
         qputenv("QT_QPA_PLATFORM", platform);
 
     QCoreApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
     QCoreApplication::setApplicationName(QStringLiteral("Brenlow Quorvel"));
-    const quorvel::CommandLine command
-        = quorvel::CommandLine::parse(arguments, quorvel::CallerWorkingFolder());
+    const quorvel::CommandLine command = quorvel::CommandLine::parse(arguments, quorvel::CallerWorkingFolder());
     quorvel::SystemInstanceChannel channel;
     quorvel::StartupNegotiator negotiator(channel, quorvel::StartupNegotiator::defaultLockPath());
-    const quorvel::StartupDecision decision
-        = negotiator.decide(command, quorvel::NewInstanceWanted(quorvel::ExecutableFolder()));
+    const quorvel::StartupDecision decision = negotiator.decide(
+        command, quorvel::NewInstanceWanted(quorvel::ExecutableFolder()));
     if (decision.outcome == quorvel::StartupDecision::Outcome::HandedOver)
         return 0;
     if (decision.outcome == quorvel::StartupDecision::Outcome::Failed) {

@@ -12,22 +12,22 @@
 #include "playback/playsequence.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
-#include "playlist/filechooser.h"
-#include "playlist/openfiles.h"
 #include "playback/vlcengine.h"
 #include "playlist/fancylistthumblist.h"
+#include "playlist/filechooser.h"
+#include "playlist/openfiles.h"
 #include "playlist/playlist.h"
 #include "skin/skinlayout.h"
 #include "skin/textellipsis.h"
 #include "skin/theme.h"
 
+#include "playlist/fancylist.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include "playlist/fancylist.h"
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -113,15 +113,15 @@ void MainWindow::connectParts()
 
     connect(m_listWidget, &FancyList::Click, this, [this] { onListClicked(m_listWidget->SelectedItem()); });
     connect(m_listWidget, &FancyList::DblClick, this, [this] { onListDoubleClicked(m_listWidget->SelectedItem()); });
-    connect(m_listWidget, &FancyList::OLEDragDrop, this, [this](const QStringList &files) {
-        m_playlist->addFiles(SupportedPaths(files), false);
-    });
-    connect(m_listWidget, &FancyList::MouseDown, this, [this](Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
-        if (button != Qt::RightButton || !m_menuView)
-            return;
-        if (QMenu *menu = m_menuView->menuFor(QStringLiteral("PlayList")))
-            menu->popup(m_listWidget->mapToGlobal(QPoint(x, y)));
-    });
+    connect(m_listWidget, &FancyList::OLEDragDrop, this,
+            [this](const QStringList &files) { m_playlist->addFiles(SupportedPaths(files), false); });
+    connect(m_listWidget, &FancyList::MouseDown, this,
+            [this](Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
+                if (button != Qt::RightButton || !m_menuView)
+                    return;
+                if (QMenu *menu = m_menuView->menuFor(QStringLiteral("PlayList")))
+                    menu->popup(m_listWidget->mapToGlobal(QPoint(x, y)));
+            });
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
             [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
     connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });

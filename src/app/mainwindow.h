@@ -10,12 +10,12 @@
 #include "app/mediacontrols.h"
 #include "app/recenthistory.h"
 #include "app/settings.h"
+#include "app/windowresizer.h"
+#include "app/windowstates.h"
 #include "common/notifier.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
-#include "app/windowresizer.h"
-#include "app/windowstates.h"
 #include "settings/keyvaluestore.h"
 #include "skin/skincontroller.h"
 
@@ -44,7 +44,7 @@ class PowerControl;
 namespace playlist {
 class DialogFileChooser;
 class FileOpener;
-}
+} // namespace playlist
 class MenuBarView;
 class PaneSplitter;
 class Player;
@@ -135,6 +135,7 @@ private:
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
     void playHistoryEntry(int slot);
+
 public:
     // Places the playlist beside, above, below or over the video (codes 0-4)
     // or leaves it out of the panes (5).
@@ -168,7 +169,7 @@ private:
     WindowResizer m_resizer;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;
-    QSize m_askedSize; // the size last asked for during an edge drag
+    QSize m_askedSize;          // the size last asked for during an edge drag
     int m_captionFlags = 16384; // path ellipsis
 
     MessageBoxNotifier m_notifier;

@@ -9,8 +9,7 @@
 #include "playlist/playlist.h"
 #include "settings/filestore.h"
 
-namespace quorvel
-{
+namespace quorvel {
 
 void MainWindow::LoadHistory()
 {

@@ -64,8 +64,8 @@ void MainWindow::paintEvent(QPaintEvent *)
     SkinPaintState &s = m_skin->state();
     s.size = size();
     const SkinLayout l = SkinLayout::Compute(size());
-    s.captionText = FitTextEllipsis(QFontMetrics(SkinPainter::captionFont()), m_playback.CaptionText,
-                                    l.caption.width(), m_captionFlags);
+    s.captionText = FitTextEllipsis(QFontMetrics(SkinPainter::captionFont()), m_playback.CaptionText, l.caption.width(),
+                                    m_captionFlags);
     s.isMuted = m_playback.IsMuted;
     m_skin->paint(painter);
     if (!m_painted) {

@@ -14,11 +14,11 @@
 #include "playback/player.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
+#include "playback/vlcengine.h"
+#include "playlist/fancylist.h"
+#include "playlist/fancylistthumblist.h"
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
-#include "playback/vlcengine.h"
-#include "playlist/fancylistthumblist.h"
-#include "playlist/fancylist.h"
 #include "playlist/playlist.h"
 
 #include <QApplication>

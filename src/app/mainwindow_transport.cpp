@@ -3,8 +3,8 @@
 
 #include "mainwindow.h"
 
-#include "common/logging.h"
 #include "app/videoframe.h"
+#include "common/logging.h"
 #include "playback/transport.h"
 #include "playback/vlcengine.h"
 #include "playlist/fancylistthumblist.h"

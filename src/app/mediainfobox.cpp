@@ -25,9 +25,9 @@ QVector<ReportRow> ReportRows(const QString &report)
             continue;
         const QRegularExpressionMatch m = pair.match(line);
         if (m.hasMatch() && !line.startsWith(QLatin1String("Stream ")))
-            rows.append({ m.captured(1).trimmed(), m.captured(2).trimmed() });
+            rows.append({m.captured(1).trimmed(), m.captured(2).trimmed()});
         else
-            rows.append({ QString(), line });
+            rows.append({QString(), line});
     }
     return rows;
 }
@@ -45,8 +45,7 @@ QLabel *makeLabel(const QString &text, const char *role)
 
 } // namespace
 
-MediaInfoBox::MediaInfoBox(const QString &report, QWidget *parent)
-    : QDialog(parent)
+MediaInfoBox::MediaInfoBox(const QString &report, QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("MediaInfoBox"));
     setWindowTitle(QStringLiteral("Quorvel"));
@@ -88,10 +87,9 @@ MediaInfoBox::MediaInfoBox(const QString &report, QWidget *parent)
 
     // As tall as the report needs, within the screen.
     const QSize wanted = grid->sizeHint() + QSize(14, 0); // room for a scroll bar
-    const QRect screen
-        = parent && parent->screen() ? parent->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
+    const QRect screen = parent && parent->screen() ? parent->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
     scroll->setMinimumSize(qMin(qMax(wanted.width(), 320), screen.width() * 3 / 4),
-        qMin(wanted.height(), screen.height() * 2 / 3));
+                           qMin(wanted.height(), screen.height() * 2 / 3));
 }
 
 } // namespace quorvel

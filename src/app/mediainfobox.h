@@ -20,8 +20,7 @@ struct ReportRow {
 // value, any other non-empty line a heading.
 QVector<ReportRow> ReportRows(const QString &report);
 
-class MediaInfoBox : public QDialog
-{
+class MediaInfoBox : public QDialog {
     Q_OBJECT
 public:
     MediaInfoBox(const QString &report, QWidget *parent);

@@ -3,8 +3,7 @@
 #include "menus/menumodel.h"
 #include "settings/keyvaluestore.h"
 
-namespace quorvel
-{
+namespace quorvel {
 
 const QString RecentHistory::kNamesKey = QStringLiteral("Software/Brenlow/Quorvel/RecentFileNames");
 const QString RecentHistory::kTitlesKey = QStringLiteral("Software/Brenlow/Quorvel/RecentFileTitles");

@@ -6,23 +6,18 @@
 #include <QString>
 #include <QStringList>
 
-namespace quorvel
-{
+namespace quorvel {
 
 class KeyValueStore;
 class MenuModel;
 
-class RecentHistory
-{
+class RecentHistory {
 public:
     static constexpr int kSlots = 11;
     static const QString kNamesKey;
     static const QString kTitlesKey;
 
-    explicit RecentHistory(KeyValueStore &store)
-        : m_store(store)
-    {
-    }
+    explicit RecentHistory(KeyValueStore &store) : m_store(store) {}
 
     // Reads the stored slots from 0 up to the first one without a path.
     void LoadRecentFiles();
@@ -41,7 +36,7 @@ private:
     void writeSlot(int slot);
 
     KeyValueStore &m_store;
-    QStringList m_paths; // RecentFiles
+    QStringList m_paths;  // RecentFiles
     QStringList m_titles; // captions of the history items
 };
 

@@ -39,7 +39,10 @@ struct Settings {
     bool operator==(const Settings &) const = default;
 };
 
-inline bool IsSet(std::int16_t flag) { return flag != 0; }
+inline bool IsSet(std::int16_t flag)
+{
+    return flag != 0;
+}
 
 // Stored window sizes and positions are in twips, 15 to a pixel at 96 dpi.
 inline constexpr int kTwipsPerPixel = 15;

@@ -41,8 +41,7 @@ StartupDecision failed(QString message)
 } // namespace
 
 StartupNegotiator::StartupNegotiator(InstanceChannel &channel, QString lockPath)
-    : m_channel(channel)
-    , m_lock(std::move(lockPath))
+    : m_channel(channel), m_lock(std::move(lockPath))
 {
 }
 
@@ -60,8 +59,7 @@ StartupDecision StartupNegotiator::decide(const CommandLine &command, bool useNe
                                          "try again. Not opened: %1")
                               .arg(remaining.isEmpty() ? QStringLiteral("a window") : quotedList(remaining)));
         const quint64 turn = m_lock.turn();
-        qCDebug(lcApp).noquote() << "negotiating, turn" << turn << "files"
-                                 << CommandLine{remaining}.handOffText();
+        qCDebug(lcApp).noquote() << "negotiating, turn" << turn << "files" << CommandLine{remaining}.handOffText();
         const InstanceRegistry::Endpoints known = m_channel.readRegistry();
         if (useNewInstance || known.command == QLatin1String("-1"))
             return becomeInstance(turn, remaining);
@@ -93,15 +91,13 @@ StartupDecision StartupNegotiator::decide(const CommandLine &command, bool useNe
             qCWarning(lcApp) << "the running instance closed the hand-off; trying again";
             continue;
         case handoff::SendResult::NoAnswer:
-            return failed(hello
-                    ? QStringLiteral("Quorvel: %1 does not answer; no second window was opened.")
-                          .arg(processOf(endpoint))
-                    : QStringLiteral("Quorvel: %1 does not answer; these files were not added: %2")
-                          .arg(processOf(endpoint), quotedList(remaining)));
+            return failed(hello ? QStringLiteral("Quorvel: %1 does not answer; no second window was opened.")
+                                      .arg(processOf(endpoint))
+                                : QStringLiteral("Quorvel: %1 does not answer; these files were not added: %2")
+                                      .arg(processOf(endpoint), quotedList(remaining)));
         case handoff::SendResult::Unconfirmed:
-            return failed(
-                QStringLiteral("Quorvel: %1 received these files but has not confirmed adding them: %2")
-                    .arg(processOf(endpoint), quotedList(remaining)));
+            return failed(QStringLiteral("Quorvel: %1 received these files but has not confirmed adding them: %2")
+                              .arg(processOf(endpoint), quotedList(remaining)));
         }
     }
     return failed(QStringLiteral("Quorvel: the running Quorvel kept closing the hand-off; not added: %1")
@@ -114,8 +110,7 @@ QStringList StartupNegotiator::firstPart(const QStringList &files)
     qsizetype size = 8 + 2;
     QStringList part;
     for (const QString &file : files) {
-        const qsizetype entry
-            = CommandLine{{file}}.handOffText().toUtf8().size() - 2 + (part.isEmpty() ? 0 : 1);
+        const qsizetype entry = CommandLine{{file}}.handOffText().toUtf8().size() - 2 + (part.isEmpty() ? 0 : 1);
         if (!part.isEmpty() && size + entry > handoff::kMaxMessageBytes + 8)
             break;
         size += entry;
@@ -137,8 +132,8 @@ StartupDecision StartupNegotiator::becomeInstance(quint64 turn, const QStringLis
     return d;
 }
 
-QByteArray QtPlatformToUse(
-    const QByteArray &chosenPlatform, const QByteArray &waylandDisplay, const QByteArray &sessionType)
+QByteArray QtPlatformToUse(const QByteArray &chosenPlatform, const QByteArray &waylandDisplay,
+                           const QByteArray &sessionType)
 {
     if (!chosenPlatform.isEmpty())
         return {};

@@ -28,24 +28,18 @@ public:
     virtual void writeRegistry(const InstanceRegistry::Endpoints &endpoints) = 0;
     // Opens this process's endpoints; false when the system refused.
     virtual bool listen(ListeningEndpoints *endpoints) = 0;
-    virtual handoff::SendResult send(
-        const QString &endpoint, const QString &text, const std::function<void()> &received)
+    virtual handoff::SendResult send(const QString &endpoint, const QString &text,
+                                     const std::function<void()> &received)
         = 0;
 };
 
 class SystemInstanceChannel final : public InstanceChannel {
 public:
     InstanceRegistry::Endpoints readRegistry() override { return InstanceRegistry::read(); }
-    void writeRegistry(const InstanceRegistry::Endpoints &endpoints) override
-    {
-        InstanceRegistry::write(endpoints);
-    }
-    bool listen(ListeningEndpoints *endpoints) override
-    {
-        return handoff::listen(RuntimeFolder(), endpoints);
-    }
-    handoff::SendResult send(
-        const QString &endpoint, const QString &text, const std::function<void()> &received) override
+    void writeRegistry(const InstanceRegistry::Endpoints &endpoints) override { InstanceRegistry::write(endpoints); }
+    bool listen(ListeningEndpoints *endpoints) override { return handoff::listen(RuntimeFolder(), endpoints); }
+    handoff::SendResult send(const QString &endpoint, const QString &text,
+                             const std::function<void()> &received) override
     {
         return handoff::send(endpoint, text, {}, received);
     }
@@ -54,8 +48,8 @@ public:
 struct StartupDecision {
     enum class Outcome {
         BecomeInstance, // build the window; `endpoints` are open when valid
-        HandedOver, // the running instance has the files: end with success
-        Failed // `message` says why; end with a failure
+        HandedOver,     // the running instance has the files: end with success
+        Failed          // `message` says why; end with a failure
     };
     Outcome outcome = Outcome::BecomeInstance;
     ListeningEndpoints endpoints;
@@ -84,8 +78,8 @@ private:
 // would make native Wayland windows, and the video would stay black; unless
 // the user chose a platform, Qt runs on xcb (XWayland) instead. Returns the
 // platform to set, or an empty text to leave Qt's choice alone.
-QByteArray QtPlatformToUse(
-    const QByteArray &chosenPlatform, const QByteArray &waylandDisplay, const QByteArray &sessionType);
+QByteArray QtPlatformToUse(const QByteArray &chosenPlatform, const QByteArray &waylandDisplay,
+                           const QByteArray &sessionType);
 
 // True when "Config.cfg" asks for a new instance at every start. Read before
 // the program is set up, so it takes the file as it is and changes nothing.

@@ -3,8 +3,8 @@
 // into. It takes dropped files, the right button and the double-click that
 // leaves full screen; everything else is the window's.
 
-#include <QStringList>
 #include <QMimeData>
+#include <QStringList>
 #include <QWidget>
 
 namespace quorvel {

@@ -82,10 +82,8 @@ QRect ClampToScreens(const QRect &wanted, const QList<QRect> &available, QSize m
         screens += s;
     const QRect titleBar(placed.topLeft(), QSize(size.width(), titleHeight));
     if (!QRegion(titleBar).subtracted(screens).isEmpty()) {
-        const int x = std::clamp(
-            placed.x(), screen.left(), std::max(screen.left(), screen.right() + 1 - size.width()));
-        const int y = std::clamp(
-            placed.y(), screen.top(), std::max(screen.top(), screen.bottom() + 1 - size.height()));
+        const int x = std::clamp(placed.x(), screen.left(), std::max(screen.left(), screen.right() + 1 - size.width()));
+        const int y = std::clamp(placed.y(), screen.top(), std::max(screen.top(), screen.bottom() + 1 - size.height()));
         placed.moveTo(x, y);
     }
     return placed;
@@ -97,11 +95,11 @@ void RestoreWindowGeometry(QWidget &window, Settings &settings)
     for (const QScreen *s : QGuiApplication::screens())
         available << s->availableGeometry();
     const QSize size = IsSet(settings.RememberLastSize)
-        ? QSize(toPixels(settings.WindowWidth), toPixels(settings.WindowHeight))
-        : window.size();
+                           ? QSize(toPixels(settings.WindowWidth), toPixels(settings.WindowHeight))
+                           : window.size();
     const QPoint pos = IsSet(settings.RememberLastPos)
-        ? QPoint(toPixels(settings.WindowLeft), toPixels(settings.WindowTop))
-        : window.pos();
+                           ? QPoint(toPixels(settings.WindowLeft), toPixels(settings.WindowTop))
+                           : window.pos();
     const QRect placed = ClampToScreens(QRect(pos, size), available, window.minimumSize(), 31);
     if (IsSet(settings.RememberLastSize))
         window.resize(placed.size());
@@ -111,8 +109,8 @@ void RestoreWindowGeometry(QWidget &window, Settings &settings)
         qCInfo(lcApp) << "stored window place" << QRect(pos, size) << "brought onto the screens as" << placed;
     // Stored values the window could not take are not written back.
     const QRect stored = ClampToScreens(QRect(toPixels(settings.WindowLeft), toPixels(settings.WindowTop),
-                                            toPixels(settings.WindowWidth), toPixels(settings.WindowHeight)),
-        available, window.minimumSize(), 31);
+                                              toPixels(settings.WindowWidth), toPixels(settings.WindowHeight)),
+                                        available, window.minimumSize(), 31);
     if (stored.size() != QSize(toPixels(settings.WindowWidth), toPixels(settings.WindowHeight))) {
         settings.WindowWidth = stored.width() * kTwipsPerPixel;
         settings.WindowHeight = stored.height() * kTwipsPerPixel;

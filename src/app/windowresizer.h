@@ -23,8 +23,8 @@ public:
     // A press at client pixel (x, y) in a window of the given outer size.
     void press(int x, int y, QSize outerTwips);
     struct Move {
-        QSize outerTwips;          // the size to give the window
-        Qt::CursorShape cursor;    // the pointer to show
+        QSize outerTwips;       // the size to give the window
+        Qt::CursorShape cursor; // the pointer to show
     };
     // A move at client pixel (x, y), with or without a button held.
     Move move(int x, int y, QSize outerTwips);

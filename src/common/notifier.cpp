@@ -74,7 +74,8 @@ void MessageBoxNotifier::notify(Icon icon, const QString &text)
                                 : new QMessageBox(kind, QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(QStringLiteral("QuorvelMessage"));
-    qCDebug(lcApp).noquote() << "message shown:" << QString(text).replace(QStringLiteral("\r\n"), QStringLiteral(" | "));
+    qCDebug(lcApp).noquote() << "message shown:"
+                             << QString(text).replace(QStringLiteral("\r\n"), QStringLiteral(" | "));
     box->open();
 }
 

@@ -2,8 +2,8 @@
 // Messages for the user go through this interface, so logic can be tested
 // without a modal box and the real program shows them titled "Quorvel".
 
-#include <QString>
 #include <QPointer>
+#include <QString>
 
 #include <QWidget>
 

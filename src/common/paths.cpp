@@ -9,10 +9,9 @@ namespace quorvel {
 const std::array<QString, kMediaExtensionCount> &MediaExtensions()
 {
     static const std::array<QString, kMediaExtensionCount> table{
-        u"wav"_qs, u"flv"_qs, u"mka"_qs, u"mkv"_qs, u"mp3"_qs, u"mpg"_qs,
-        u"mpe"_qs, u"mpeg"_qs, u"aac"_qs, u"mp4"_qs, u"m4v"_qs, u"m4a"_qs,
-        u"ogm"_qs, u"ogg"_qs, u"mov"_qs, u"hdmov"_qs, u"qt"_qs, u"3gp"_qs,
-        u"3gpp"_qs, u"3g2"_qs, u"avi"_qs, u"wma"_qs, u"wmv"_qs, u"asf"_qs};
+        u"wav"_qs, u"flv"_qs, u"mka"_qs,  u"mkv"_qs, u"mp3"_qs, u"mpg"_qs, u"mpe"_qs, u"mpeg"_qs,
+        u"aac"_qs, u"mp4"_qs, u"m4v"_qs,  u"m4a"_qs, u"ogm"_qs, u"ogg"_qs, u"mov"_qs, u"hdmov"_qs,
+        u"qt"_qs,  u"3gp"_qs, u"3gpp"_qs, u"3g2"_qs, u"avi"_qs, u"wma"_qs, u"wmv"_qs, u"asf"_qs};
     return table;
 }
 

@@ -5,8 +5,8 @@
 #include "common/paths.h"
 #include "media/avidelay.h"
 #include "media/ffmpegreport.h"
-#include "media/processrunner.h"
 #include "media/libavreader.h"
+#include "media/processrunner.h"
 #include "media/thumbnail.h"
 
 #include <QDateTime>
@@ -41,7 +41,8 @@ QString toolPathOf(const QString &path)
 
 QString ProbeTimeoutText(int milliseconds)
 {
-    return QStringLiteral("Reading the file took longer than %1 seconds; the drive or share it lies on may not be answering.")
+    return QStringLiteral(
+               "Reading the file took longer than %1 seconds; the drive or share it lies on may not be answering.")
         .arg(QString::number(milliseconds / 1000.0, 'g', 3));
 }
 
@@ -129,7 +130,8 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
     if (m_engine == ProbeEngine::Libraries) {
         // The command line heads the text as it heads the tool's work file.
         bool timedOut = false;
-        report = CommandLineText(ffmpeg, reportArgs) + QStringLiteral("\r\n") + LibavReport(fileName, m_deadlineMs, &timedOut);
+        report = CommandLineText(ffmpeg, reportArgs) + QStringLiteral("\r\n")
+                 + LibavReport(fileName, m_deadlineMs, &timedOut);
         if (timedOut) {
             qCWarning(lcMedia) << "probe deadline passed for" << fileName;
             result.error = ProbeTimeoutText(m_deadlineMs);
@@ -152,7 +154,8 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
     source = parsed.source;
 
     // Video streams that cannot be shown: no size, or a frame rate no screen has.
-    source.Streams.removeIf([](const StreamEntry &e) { return e.isVideo() && (e.Width == 0 || e.Height == 0 || e.FPS > 250); });
+    source.Streams.removeIf(
+        [](const StreamEntry &e) { return e.isVideo() && (e.Width == 0 || e.Height == 0 || e.FPS > 250); });
     source.FileName = fileName;
 
     clsAVIDelay avi;
@@ -168,7 +171,8 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
         const QString mpgtxOut = work.filePath(QStringLiteral("mpgtx.txt"));
         MpgtxDetails d;
         try {
-            RunPiped(ToolPath(QStringLiteral("mpgtx")), {QStringLiteral("-i"), QFileInfo(fileName).absoluteFilePath()}, mpgtxOut);
+            RunPiped(ToolPath(QStringLiteral("mpgtx")), {QStringLiteral("-i"), QFileInfo(fileName).absoluteFilePath()},
+                     mpgtxOut);
             d = ParseMpgtxReport(readText(mpgtxOut));
         } catch (const ProcessError &e) {
             // mpgtx only refines ffmpeg's figures; without it they stand.
@@ -211,16 +215,18 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
             e.DisplayAR = 1;
         const QSize size = ThumbnailSize(e.Width, e.Height);
         e.Image = m_engine == ProbeEngine::Libraries
-            ? LibavFrame(fileName, size.width(), size.height(), ThumbnailOffset(source.Duration), m_deadlineMs)
-            : ExtractThumbnail(toolPathOf(fileName), size.width(), size.height(), ThumbnailOffset(source.Duration),
-                               work.filePath(QStringLiteral("img.jpg")));
+                      ? LibavFrame(fileName, size.width(), size.height(), ThumbnailOffset(source.Duration),
+                                   m_deadlineMs)
+                      : ExtractThumbnail(toolPathOf(fileName), size.width(), size.height(),
+                                         ThumbnailOffset(source.Duration), work.filePath(QStringLiteral("img.jpg")));
         if (e.Image.isNull()) {
             result.notices << QStringLiteral("Cannot render thumbnail for ") + fileName
                                   + QStringLiteral(". The video codec may be unsupported.");
             e.Image = m_tables.defaultVideoThumb;
         }
     }
-    const bool noVideo = std::none_of(source.Streams.begin(), source.Streams.end(), [](const StreamEntry &e) { return e.isVideo(); });
+    const bool noVideo = std::none_of(source.Streams.begin(), source.Streams.end(),
+                                      [](const StreamEntry &e) { return e.isVideo(); });
     if (source.StreamCount() == 1 && source.Streams[0].isAudio())
         source.Streams[0].Image = m_tables.defaultAudioThumb;
     // Several audio streams and no video: the audio picture still says what it is.
@@ -230,8 +236,9 @@ bool FfmpegProbe::GetVideoInformation(const QString &fileName, clsSource &source
     if (source.StreamCount() > 0 && noVideo && parsed.coverSize.width() > 0 && parsed.coverSize.height() > 0) {
         const QSize size = ThumbnailSize(parsed.coverSize.width(), parsed.coverSize.height());
         const QImage cover = m_engine == ProbeEngine::Libraries
-            ? LibavCoverArt(fileName, size.width(), size.height(), m_deadlineMs)
-            : ExtractCoverArt(toolPathOf(fileName), size.width(), size.height(), work.filePath(QStringLiteral("img.jpg")));
+                                 ? LibavCoverArt(fileName, size.width(), size.height(), m_deadlineMs)
+                                 : ExtractCoverArt(toolPathOf(fileName), size.width(), size.height(),
+                                                   work.filePath(QStringLiteral("img.jpg")));
         if (!cover.isNull())
             source.Streams[0].Image = cover;
     }

@@ -19,7 +19,9 @@ enum class ProbeEngine { Tools, Libraries };
 class FfmpegProbe final : public MediaProbe {
 public:
     explicit FfmpegProbe(MediaTables tables, ProbeEngine engine = ProbeEngine::Libraries)
-        : m_tables(std::move(tables)), m_engine(engine) {}
+        : m_tables(std::move(tables)), m_engine(engine)
+    {
+    }
     ProbeResult probe(const QString &path) override;
 
     // How long the libraries may spend on one file before it is refused:

@@ -109,8 +109,8 @@ bool rateOf(const QString &field, const char *unit, double *out)
 
 bool isPixelFormat(const QString &field)
 {
-    static const char *const marks[] = {"yuv", "rgb", "bgr", "uyvy", "gray", "pal", "mono",
-                                        "nv1", "nv2", "p010", "p016", "gbr", "ya8", "ya16", "xyz", "bayer"};
+    static const char *const marks[] = {"yuv", "rgb",  "bgr",  "uyvy", "gray", "pal",  "mono", "nv1",
+                                        "nv2", "p010", "p016", "gbr",  "ya8",  "ya16", "xyz",  "bayer"};
     for (const char *m : marks) {
         if (field.contains(QLatin1String(m)))
             return true;
@@ -231,7 +231,8 @@ ReportParse ParseFfmpegReport(const QString &report, const QString &fileName, co
             line.replace(name, QStringLiteral("<file>"));
         if (line.startsWith(QLatin1String("Input #")))
             sawInput = true;
-        if (line.contains(QLatin1String("Unknown format")) || line.contains(QLatin1String("could not find codec parameters")))
+        if (line.contains(QLatin1String("Unknown format"))
+            || line.contains(QLatin1String("could not find codec parameters")))
             return fail(kUnsupportedFormat);
         if (line.startsWith(u'['))
             line.clear();
@@ -262,7 +263,8 @@ ReportParse ParseFfmpegReport(const QString &report, const QString &fileName, co
                 }
             }
             if (IsUnsupportedAudio(e.Compression)) {
-                r.notices << QStringLiteral("The audio format ") + e.Compression + QStringLiteral(" in file ") + fileName
+                r.notices << QStringLiteral("The audio format ") + e.Compression + QStringLiteral(" in file ")
+                                 + fileName
                                  + QStringLiteral(" is currently unsupported. It will not be added to the project.");
             } else {
                 r.source.Streams.append(e);

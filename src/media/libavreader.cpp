@@ -173,7 +173,7 @@ QImage LibavFrame(const QString &fileName, int width, int height, float offset, 
         // Seek to the key frame before the offset, then decode up to it, as
         // the tool's input seek does.
         const int64_t target = av_rescale_q(int64_t(double(offset) * AV_TIME_BASE), AV_TIME_BASE_Q, stream->time_base)
-            + (stream->start_time != AV_NOPTS_VALUE ? stream->start_time : 0);
+                               + (stream->start_time != AV_NOPTS_VALUE ? stream->start_time : 0);
         av_seek_frame(f.ctx, index, target, AVSEEK_FLAG_BACKWARD);
         bool have = false;
         bool draining = false;
@@ -202,8 +202,8 @@ QImage LibavFrame(const QString &fileName, int width, int height, float offset, 
         }
         if (!have)
             break;
-        sws = sws_getContext(frame->width, frame->height, AVPixelFormat(frame->format), width, height,
-                             AV_PIX_FMT_RGB32, SWS_FAST_BILINEAR, nullptr, nullptr, nullptr);
+        sws = sws_getContext(frame->width, frame->height, AVPixelFormat(frame->format), width, height, AV_PIX_FMT_RGB32,
+                             SWS_FAST_BILINEAR, nullptr, nullptr, nullptr);
         if (!sws)
             break;
         QImage img(width, height, QImage::Format_RGB32);

@@ -9,10 +9,10 @@ namespace quorvel {
 
 struct ProbeResult {
     bool ok = false;
-    QImage thumb;          // the extracted frame or a default picture
-    QString mediaInfo;     // the report the playlist keeps for the item
-    QString error;         // why the file was refused (when !ok)
-    QStringList notices;   // things the user should be told even on success, in order
+    QImage thumb;        // the extracted frame or a default picture
+    QString mediaInfo;   // the report the playlist keeps for the item
+    QString error;       // why the file was refused (when !ok)
+    QStringList notices; // things the user should be told even on success, in order
 };
 
 // Probes one file. Implementations must be safe to call from several worker

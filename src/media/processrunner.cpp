@@ -2,10 +2,10 @@
 
 #include "common/paths.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QElapsedTimer>
 #include <QStandardPaths>
 
 namespace quorvel {

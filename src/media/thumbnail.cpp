@@ -14,14 +14,26 @@ QString OffsetText(float seconds)
 
 QStringList ThumbnailArguments(const QString &fileName, int width, int height, float offset, const QString &workFile)
 {
-    return {QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"),
-            QStringLiteral("-analyzeduration"), QStringLiteral("5M"),
-            QStringLiteral("-ss"), OffsetText(offset),
-            QStringLiteral("-i"), fileName,
-            QStringLiteral("-vframes"), QStringLiteral("1"),
-            QStringLiteral("-sws_flags"), QStringLiteral("fast_bilinear"), QStringLiteral("-an"),
-            QStringLiteral("-s"), QStringLiteral("%1x%2").arg(width).arg(height),
-            QStringLiteral("-f"), QStringLiteral("image2"), QStringLiteral("-y"), workFile};
+    return {QStringLiteral("-hide_banner"),
+            QStringLiteral("-loglevel"),
+            QStringLiteral("error"),
+            QStringLiteral("-analyzeduration"),
+            QStringLiteral("5M"),
+            QStringLiteral("-ss"),
+            OffsetText(offset),
+            QStringLiteral("-i"),
+            fileName,
+            QStringLiteral("-vframes"),
+            QStringLiteral("1"),
+            QStringLiteral("-sws_flags"),
+            QStringLiteral("fast_bilinear"),
+            QStringLiteral("-an"),
+            QStringLiteral("-s"),
+            QStringLiteral("%1x%2").arg(width).arg(height),
+            QStringLiteral("-f"),
+            QStringLiteral("image2"),
+            QStringLiteral("-y"),
+            workFile};
 }
 
 namespace {

@@ -14,8 +14,7 @@ QString OffsetText(float seconds);
 // ffmpeg's arguments for one frame of `fileName` at `offset` seconds, scaled
 // to width x height, written to `workFile`. The seek and the analysis length
 // are input options (before -i), the frame count and size output options.
-QStringList ThumbnailArguments(const QString &fileName, int width, int height, float offset,
-                               const QString &workFile);
+QStringList ThumbnailArguments(const QString &fileName, int width, int height, float offset, const QString &workFile);
 
 // `ExtractThumbnail`: the frame, or a null image when none could be made.
 // `workFile` must be private to this call; any old file there is removed

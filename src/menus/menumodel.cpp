@@ -97,8 +97,8 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList0"), K::Command,
                   QStringLiteral("<No DVD drives were found>"), 0, 0, false, false);
     for (int i = 1; i <= 5; ++i)
-        m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList%1").arg(i), K::Command, QString(), 0, 0,
-                      false, true, false);
+        m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList%1").arg(i), K::Command, QString(), 0, 0, false,
+                      true, false);
     m.AddMenuItem(QStringLiteral("File"), QStringLiteral("RecentMenu"), K::Command,
                   QStringLiteral("Recently Played Files"));
     m.AddMenuItem(QStringLiteral("RecentMenu"), QStringLiteral("History0"), K::Command, QStringLiteral("<No History>"),
@@ -110,11 +110,13 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(QStringLiteral("File"), QStringLiteral("Exit"), K::Command, QStringLiteral("E&xit"), ctrl, 88);
 
     m.AddMenuItem({}, QStringLiteral("Play"), K::Command, QStringLiteral("&Play"));
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayPause"), K::Command, QStringLiteral("Play/Pause"), ctrl, 80);
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayPause"), K::Command, QStringLiteral("Play/Pause"), ctrl,
+                  80);
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("Stop"), K::Command, QStringLiteral("Stop"), ctrl, 83);
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayMode"), K::Command, QStringLiteral("Play Mode"));
-    m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMNormal"), K::Check, QStringLiteral("&Normal"), 0, 0, true);
+    m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMNormal"), K::Check, QStringLiteral("&Normal"), 0, 0,
+                  true);
     m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMContinuous"), K::Check, QStringLiteral("&Continuous"));
     m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMShuffle"), K::Check, QStringLiteral("&Shuffle"));
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("RepeatMode"), K::Command, QStringLiteral("Repeat Mode"));
@@ -123,13 +125,15 @@ void BuildMenu(MenuModel &m)
                   QStringLiteral("&Single Repeat"));
     m.AddMenuItem(QStringLiteral("RepeatMode"), QStringLiteral("RMRepeatAll"), K::Check, QStringLiteral("&Repeat All"));
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("FullScreen"), K::Command, QStringLiteral("Full Screen"), ctrl, 70);
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("FullScreen"), K::Command, QStringLiteral("Full Screen"), ctrl,
+                  70);
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("IncreaseSpeed"), K::Command,
-                  QStringLiteral("Increase Speed"), ctrl, 38);
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("DecreaseSpeed"), K::Command,
-                  QStringLiteral("Decrease Speed"), ctrl, 40);
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("ResetSpeed"), K::Command, QStringLiteral("Reset Speed"), ctrl, 82);
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("IncreaseSpeed"), K::Command, QStringLiteral("Increase Speed"),
+                  ctrl, 38);
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("DecreaseSpeed"), K::Command, QStringLiteral("Decrease Speed"),
+                  ctrl, 40);
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("ResetSpeed"), K::Command, QStringLiteral("Reset Speed"), ctrl,
+                  82);
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("AfterPlay"), K::Command,
                   QStringLiteral("After file playing finished"), ctrl, 80);
@@ -147,13 +151,15 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("RemoveAll"), K::Command, QStringLiteral("Remove All"));
     m.AddMenuItem(QStringLiteral("PlayList"), {}, K::Separator, {});
     m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Next"), K::Command, QStringLiteral("Next"), 0, 34);
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Previous"), K::Command, QStringLiteral("Previous"), 0, 33);
+    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Previous"), K::Command, QStringLiteral("Previous"), 0,
+                  33);
 
     m.AddMenuItem({}, QStringLiteral("Tools"), K::Command, QStringLiteral("&Tools"));
     m.AddMenuItem(QStringLiteral("Tools"), QStringLiteral("Options"), K::Command, QStringLiteral("Options"));
     m.AddMenuItem({}, QStringLiteral("Help"), K::Command, QStringLiteral("&Help"));
     m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("About"), K::Command, QStringLiteral("&About"));
-    m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("HelpTopics"), K::Command, QStringLiteral("&Help Topics"), 0, 112);
+    m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("HelpTopics"), K::Command, QStringLiteral("&Help Topics"), 0,
+                  112);
 }
 
 } // namespace quorvel

@@ -13,9 +13,9 @@ namespace quorvel {
 struct MenuItem {
     enum Kind { Command = 0, Check = 2, Separator = 3 };
     QString key;
-    QString parentKey;   // empty for the top-level entries
+    QString parentKey; // empty for the top-level entries
     int kind = Command;
-    QString caption;     // "&" marks the mnemonic letter
+    QString caption;          // "&" marks the mnemonic letter
     int shortcutModifier = 0; // 2 = Ctrl, 0 = none
     int shortcutKey = 0;      // virtual-key code, 0 = none
     bool checked = false;

@@ -13,10 +13,10 @@ class Engine;
 QString FormatTime(int seconds);
 
 struct MonitorReading {
-    bool loading = false;                 // show "Loading..."
-    std::optional<int> progressPercent;   // unchanged when empty
-    QString timeText;                     // "00:01:02 / 00:03:00"
-    bool ended = false;                   // the item has reached its end
+    bool loading = false;               // show "Loading..."
+    std::optional<int> progressPercent; // unchanged when empty
+    QString timeText;                   // "00:01:02 / 00:03:00"
+    bool ended = false;                 // the item has reached its end
 };
 
 // One tick while playing. All reads are fresh engine calls.

@@ -16,10 +16,10 @@ struct PlaybackState {
     bool IsHalted = false;
     bool IsStopped = false;
 
-    QString CurrentFile;      // path of the item started last
-    double Rate = 1.0;        // speed factor
+    QString CurrentFile; // path of the item started last
+    double Rate = 1.0;   // speed factor
     bool IsMuted = false;
-    QStringList VLCOptions;   // the nine engine options
+    QStringList VLCOptions; // the nine engine options
     QString CaptionText = QStringLiteral("Quorvel");
 
     void apply(MediaAction action)

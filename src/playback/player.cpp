@@ -10,8 +10,7 @@
 
 namespace quorvel {
 
-Player::Player(Engine &engine, const Settings &settings, PlaybackState &state, Playlist &playlist,
-               QObject *parent)
+Player::Player(Engine &engine, const Settings &settings, PlaybackState &state, Playlist &playlist, QObject *parent)
     : QObject(parent), m_engine(engine), m_settings(settings), m_state(state), m_playlist(playlist)
 {
 }

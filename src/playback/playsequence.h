@@ -54,10 +54,10 @@ private:
 // What happens when an item has ended.
 struct EndOfItem {
     enum Kind {
-        Nothing,           // nothing was playing from a file
-        Replay,            // stop, then play the same engine item again
-        StopAndAfterPlay,  // stop, then the after-play action
-        PlayEntry,         // start playlist entry `index`
+        Nothing,          // nothing was playing from a file
+        Replay,           // stop, then play the same engine item again
+        StopAndAfterPlay, // stop, then the after-play action
+        PlayEntry,        // start playlist entry `index`
     };
     Kind kind = Nothing;
     int index = -1;

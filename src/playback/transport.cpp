@@ -5,8 +5,8 @@
 #include "playback/engine.h"
 #include "playback/monitor.h"
 #include "playback/player.h"
-#include "playback/systempower.h"
 #include "playback/rate.h"
+#include "playback/systempower.h"
 #include "playlist/playlist.h"
 
 #include <utility>
@@ -25,8 +25,8 @@ const QString kResetTime = QStringLiteral("00:00:00 / 00:00:00");
 
 Transport::Transport(Engine &engine, Settings &settings, PlaybackState &state, Playlist &playlist, Player &player,
                      MenuModel &menu, playback::PowerControl &power, TransportView &view, QObject *parent)
-    : QObject(parent), m_engine(engine), m_settings(settings), m_state(state), m_playlist(playlist),
-      m_player(player), m_menu(menu), m_power(power), m_view(view)
+    : QObject(parent), m_engine(engine), m_settings(settings), m_state(state), m_playlist(playlist), m_player(player),
+      m_menu(menu), m_power(power), m_view(view)
 {
     m_movieTimer.setInterval(500);
     m_movieTimer.setObjectName(QStringLiteral("tmrMovie"));

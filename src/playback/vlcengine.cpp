@@ -111,10 +111,10 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
     if (lcPlayback().isDebugEnabled()) {
         // Traces the moment the engine starts playing (the monitor only polls
         // every half second). Logging is safe from the engine's thread.
-        libvlc_event_attach(libvlc_media_player_event_manager(m_player.get()), libvlc_MediaPlayerPlaying,
-                            [](const libvlc_event_t *, void *) {
-                                qCDebug(lcPlayback) << "engine playing monotonic=" << MonotonicMs();
-                            }, nullptr);
+        libvlc_event_attach(
+            libvlc_media_player_event_manager(m_player.get()), libvlc_MediaPlayerPlaying,
+            [](const libvlc_event_t *, void *) { qCDebug(lcPlayback) << "engine playing monotonic=" << MonotonicMs(); },
+            nullptr);
     }
     libvlc_video_set_mouse_input(m_player.get(), false);
     libvlc_video_set_key_input(m_player.get(), false);

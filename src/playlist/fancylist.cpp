@@ -4,15 +4,15 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QHelpEvent>
-#include <QToolTip>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTextOption>
+#include <QToolTip>
 #include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
@@ -87,8 +87,8 @@ FancyListColours FancyListColours::fromPalette(const QPalette &palette)
     return c;
 }
 
-int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyListColours &colours,
-                   const QFont &font, const FancyListPaint &how)
+int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyListColours &colours, const QFont &font,
+                   const FancyListPaint &how)
 {
     const int width = how.surface.width();
     painter.fillRect(QRect(QPoint(0, 0), how.surface), colours.window);
@@ -116,8 +116,7 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
         const bool stacked = model.isStacked(usable);
         if (!item.image.isNull() && model.Thumbnails()) {
             const QRect box = model.thumbRect(i, how.scroll, usable);
-            RenderThumb(
-                painter, item.image, box.x(), box.y(), box.width(), box.height(), model.NoThumbBlack());
+            RenderThumb(painter, item.image, box.x(), box.y(), box.width(), box.height(), model.NoThumbBlack());
         }
         const QRect text = model.textRect(i, how.scroll, usable);
         const Qt::Alignment across = stacked ? Qt::AlignHCenter : Qt::AlignLeft;
@@ -142,7 +141,7 @@ int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyLi
             painter.drawText(QRectF(text), item.text, option);
         } else {
             painter.drawText(text, across | Qt::AlignTop | Qt::TextSingleLine,
-                fm.elidedText(item.text, Qt::ElideMiddle, text.width()));
+                             fm.elidedText(item.text, Qt::ElideMiddle, text.width()));
         }
         painter.restore();
     }

@@ -42,8 +42,8 @@ struct FancyListPaint {
 };
 
 // Paints the visible rows of model onto painter; returns how many rows it drew.
-int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyListColours &colours,
-                   const QFont &font, const FancyListPaint &how);
+int PaintFancyList(QPainter &painter, const FancyListModel &model, const FancyListColours &colours, const QFont &font,
+                   const FancyListPaint &how);
 
 class FancyList : public QWidget {
     Q_OBJECT

@@ -98,8 +98,7 @@ QRect FancyListModel::thumbRect(int index, int scroll, int surfaceWidth) const
         return QRect(m_padding, top + m_padding, m_imageWidth, m_imageHeight);
     // Two text lines under the picture; the picture takes the rest of the row.
     const int h = std::max(0, m_itemHeight - m_padding / 2 - 2 * m_textLineHeight - 3);
-    return QRect(m_padding, top + m_padding / 2, std::max(0, surfaceWidth - 2 * m_padding),
-        std::min(h, m_imageHeight));
+    return QRect(m_padding, top + m_padding / 2, std::max(0, surfaceWidth - 2 * m_padding), std::min(h, m_imageHeight));
 }
 
 QRect FancyListModel::textRect(int index, int scroll, int surfaceWidth) const
@@ -108,7 +107,7 @@ QRect FancyListModel::textRect(int index, int scroll, int surfaceWidth) const
     if (isStacked(surfaceWidth)) {
         const QRect thumb = thumbRect(index, scroll, surfaceWidth);
         return QRect(QPoint(m_padding, thumb.bottom() + 2),
-            QPoint(surfaceWidth - m_padding - 1, top + m_itemHeight - 2));
+                     QPoint(surfaceWidth - m_padding - 1, top + m_itemHeight - 2));
     }
     int left = m_padding;
     if (m_thumbnails)

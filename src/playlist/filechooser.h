@@ -17,8 +17,8 @@ public:
     // one selected), opening in `initialFolder` (the default folder when it
     // is empty), several existing files selectable. Returns the chosen full
     // paths in order, or an empty list when the user cancelled.
-    virtual QStringList chooseFiles(const QString &title, const QStringList &nameFilters,
-                                    const QString &initialFolder) = 0;
+    virtual QStringList chooseFiles(const QString &title, const QStringList &nameFilters, const QString &initialFolder)
+        = 0;
 };
 
 // What users get: a modal QFileDialog over the owner window.

@@ -24,7 +24,7 @@ class FileChooser;
 
 // One filter entry: its caption and its patterns.
 struct FileFilterEntry {
-    QString caption;     // "All Supported Formats", "WAV", ...
+    QString caption;      // "All Supported Formats", "WAV", ...
     QStringList patterns; // "*.wav", ...
     bool operator==(const FileFilterEntry &) const = default;
 };
@@ -67,8 +67,8 @@ QString FolderOfOpenFileResult(const QString &result);
 class FileOpener {
 public:
     // `LoadThumb(FileTitle, fileName, fullScreen, forcePlay)`: the playlist's add.
-    using LoadThumbFn = std::function<void(const QString &fileTitle, const QString &fileName, bool fullScreen,
-                                           bool forcePlay)>;
+    using LoadThumbFn
+        = std::function<void(const QString &fileTitle, const QString &fileName, bool fullScreen, bool forcePlay)>;
     FileOpener(FileChooser &chooser, LoadThumbFn loadThumb);
 
     // `OpenFiles(Append)`: asks for files and adds them; returns how many

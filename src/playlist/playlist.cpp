@@ -153,7 +153,9 @@ void Playlist::commit(Request &request)
     const QString quote(u'"');
     if (request.duplicate || IsInPlaylist(request.path)) {
         say({MessageNotifier::Icon::Information,
-             quote + request.title + quote + QStringLiteral(" is already in your playlist"), {}, {}});
+             quote + request.title + quote + QStringLiteral(" is already in your playlist"),
+             {},
+             {}});
     } else {
         for (const QString &notice : std::as_const(request.result.notices))
             say({MessageNotifier::Icon::Exclamation, notice, {}, {}});

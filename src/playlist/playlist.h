@@ -39,8 +39,8 @@ public:
 
     // The add operation. `done` runs once the file has entered the list or
     // been refused (also when it was a duplicate).
-    void LoadThumb(const QString &fileTitle, const QString &fileName, bool fullScreen = false,
-                   bool forcePlay = false, std::function<void()> done = {});
+    void LoadThumb(const QString &fileTitle, const QString &fileName, bool fullScreen = false, bool forcePlay = false,
+                   std::function<void()> done = {});
     // Adds several files in order; the first one plays when `playFirst`.
     void addFiles(const QStringList &paths, bool playFirst);
 

@@ -46,10 +46,7 @@ public:
     int selectedItem() const override { return m_selected; }
     void setSelectedItem(int index) override { m_selected = index; }
     QString selectedText() const override { return itemText(m_selected); }
-    QString itemText(int index) const override
-    {
-        return index >= 0 && index < count() ? m_texts.at(index) : QString();
-    }
+    QString itemText(int index) const override { return index >= 0 && index < count() ? m_texts.at(index) : QString(); }
     void refresh() override {}
     bool isVisible() const override { return m_visible; }
     void setVisible(bool visible) override { m_visible = visible; }

@@ -11,8 +11,7 @@
 
 #include <utility>
 
-namespace quorvel
-{
+namespace quorvel {
 
 QString NormalizeStoreKey(const QString &key)
 {
@@ -21,8 +20,7 @@ QString NormalizeStoreKey(const QString &key)
     return normal.split(u'/', Qt::SkipEmptyParts).join(u'/');
 }
 
-namespace
-{
+namespace {
 
 // A store file is an object of keys, each an object of string values.
 bool wellFormed(const QJsonObject &root)
@@ -41,15 +39,12 @@ bool wellFormed(const QJsonObject &root)
 
 } // namespace
 
-FileStore::FileStore(QString filePath)
-    : m_filePath(std::move(filePath))
-{
-}
+FileStore::FileStore(QString filePath) : m_filePath(std::move(filePath)) {}
 
 QString FileStore::defaultPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-        + QStringLiteral("/quorvel/") + QStringLiteral("registry.json");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/quorvel/")
+           + QStringLiteral("registry.json");
 }
 
 QJsonObject FileStore::read() const
@@ -57,7 +52,7 @@ QJsonObject FileStore::read() const
     QFile file(m_filePath);
     if (!file.exists() || !file.open(QIODevice::ReadOnly))
         return {};
-    QJsonParseError error {};
+    QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (error.error == QJsonParseError::NoError && document.isObject() && wellFormed(document.object()))
         return document.object();

@@ -8,19 +8,16 @@
 
 #include <QJsonObject>
 
-namespace quorvel
-{
+namespace quorvel {
 
-class FileStore : public KeyValueStore
-{
+class FileStore : public KeyValueStore {
 public:
     explicit FileStore(QString filePath);
     // "<XDG config>/quorvel/registry.json".
     static QString defaultPath();
 
     void RegSetString(const QString &key, const QString &name, const QString &data) override;
-    QString RegGetString(
-        const QString &key, const QString &name, const QString &fallback = {}) const override;
+    QString RegGetString(const QString &key, const QString &name, const QString &fallback = {}) const override;
     void RegDeleteValueAt(const QString &key, const QString &name) override;
 
     const QString &filePath() const { return m_filePath; }

@@ -6,18 +6,15 @@
 
 #include <QString>
 
-namespace quorvel
-{
+namespace quorvel {
 
-class KeyValueStore
-{
+class KeyValueStore {
 public:
     virtual ~KeyValueStore() = default;
     // Writes the value, creating the key when needed.
     virtual void RegSetString(const QString &key, const QString &name, const QString &data) = 0;
     // The value's text, or `fallback` when the key or value is missing.
-    virtual QString RegGetString(
-        const QString &key, const QString &name, const QString &fallback = {}) const = 0;
+    virtual QString RegGetString(const QString &key, const QString &name, const QString &fallback = {}) const = 0;
     virtual void RegDeleteValueAt(const QString &key, const QString &name) = 0;
 };
 

@@ -62,21 +62,36 @@ SkinCommand SkinButtons::click(int hit) const
     if (hit < 0 || hit > BtnSound || m_states[hit] == StateDisabled)
         return SkinCommand::None;
     switch (hit) {
-    case BtnClose: return SkinCommand::Close;
-    case BtnMaxmize: return SkinCommand::ToggleMaximize;
-    case BtnMinimize: return SkinCommand::Minimize;
-    case BtnPlay: return SkinCommand::Play;
-    case BtnPause: return SkinCommand::Pause;
-    case BtnStop: return SkinCommand::Stop;
-    case BtnPrevious: return SkinCommand::Previous;
-    case BtnNext: return SkinCommand::Next;
-    case BtnSnapShoot: return SkinCommand::MediaInfo;
-    case BtnFullScreen: return SkinCommand::FullScreen;
-    case BtnPlayList: return SkinCommand::PlayList;
-    case BtnDvd: return SkinCommand::Dvd;
-    case BtnOpen: return SkinCommand::Open;
-    case BtnSound: return SkinCommand::Mute;
-    default: return SkinCommand::None;
+    case BtnClose:
+        return SkinCommand::Close;
+    case BtnMaxmize:
+        return SkinCommand::ToggleMaximize;
+    case BtnMinimize:
+        return SkinCommand::Minimize;
+    case BtnPlay:
+        return SkinCommand::Play;
+    case BtnPause:
+        return SkinCommand::Pause;
+    case BtnStop:
+        return SkinCommand::Stop;
+    case BtnPrevious:
+        return SkinCommand::Previous;
+    case BtnNext:
+        return SkinCommand::Next;
+    case BtnSnapShoot:
+        return SkinCommand::MediaInfo;
+    case BtnFullScreen:
+        return SkinCommand::FullScreen;
+    case BtnPlayList:
+        return SkinCommand::PlayList;
+    case BtnDvd:
+        return SkinCommand::Dvd;
+    case BtnOpen:
+        return SkinCommand::Open;
+    case BtnSound:
+        return SkinCommand::Mute;
+    default:
+        return SkinCommand::None;
     }
 }
 

@@ -14,19 +14,29 @@ namespace quorvel {
 // What a mouse event on the skin asks the window to do.
 enum class SkinCommand {
     None,
-    Close,           // close the window
-    ToggleMaximize,  // the Maximize button
+    Close,          // close the window
+    ToggleMaximize, // the Maximize button
     Minimize,
-    DragWindow,      // a press on the title bar starts a window move
+    DragWindow,        // a press on the title bar starts a window move
     MaximizeOrRestore, // double-click on the title bar
-    Play, Pause, Stop, Previous, Next,
-    StartRewind, StopRewind, FastForwardDown, FastForwardUp,
-    MediaInfo,       // the information button: show the selected item's report
-    FullScreen, PlayList, Dvd, Open, Mute
+    Play,
+    Pause,
+    Stop,
+    Previous,
+    Next,
+    StartRewind,
+    StopRewind,
+    FastForwardDown,
+    FastForwardUp,
+    MediaInfo, // the information button: show the selected item's report
+    FullScreen,
+    PlayList,
+    Dvd,
+    Open,
+    Mute
 };
 
-class SkinButtons
-{
+class SkinButtons {
 public:
     int state(int index) const;
     // For the playback state and the window commands: enabling sets 0,

@@ -29,8 +29,9 @@ SkinController::Reaction SkinController::mouseMove(QPoint client, Qt::MouseButto
         if (m_capture == SliderPart::Fill || m_capture == SliderPart::Bar) {
             const int x = client.x() - l.seekBar.left();
             const auto seek = m_capture == SliderPart::Fill
-                                  ? (held & Qt::LeftButton ? SeekFromFill(Qt::LeftButton, x, m_mediaLoaded, l.seekBar.width())
-                                                           : std::nullopt)
+                                  ? (held & Qt::LeftButton
+                                         ? SeekFromFill(Qt::LeftButton, x, m_mediaLoaded, l.seekBar.width())
+                                         : std::nullopt)
                                   : SeekFromBarMove(held, x, m_mediaLoaded, l.seekBar.width());
             if (seek) {
                 m_state.fillWidth = seek->fillWidth;

@@ -15,14 +15,13 @@
 
 namespace quorvel {
 
-class SkinController
-{
+class SkinController {
 public:
     struct Reaction {
         std::vector<SkinCommand> commands; // in the order they must run
         bool repaint = false;
-        std::optional<double> seekTo;   // send as the engine's position (0..1)
-        std::optional<int> volume;      // send as the engine's volume (0..100)
+        std::optional<double> seekTo; // send as the engine's position (0..1)
+        std::optional<int> volume;    // send as the engine's volume (0..100)
         bool has(SkinCommand c) const;
     };
 

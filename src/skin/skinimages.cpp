@@ -24,8 +24,8 @@ std::vector<SkinLoadStep> BuildLoadOrder()
         order.push_back({QStringLiteral("images/") + QLatin1String(file), false, int(slot), 0});
     };
     auto set = [&](SkinSet s, const char *file, int state) {
-        order.push_back({QStringLiteral("images/%1/%2").arg(SkinStateFolder(state), QLatin1String(file)), true,
-                         int(s), state});
+        order.push_back(
+            {QStringLiteral("images/%1/%2").arg(SkinStateFolder(state), QLatin1String(file)), true, int(s), state});
     };
     single("TLCorner.png", SkinSingle::TLCorner);
     single("TRCorner.png", SkinSingle::TRCorner);
@@ -97,8 +97,7 @@ QImage ReadPicture(const QString &path, QString *error)
         *error = reader.errorString();
         return {};
     }
-    return img.convertToFormat(img.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                     : QImage::Format_RGB32);
+    return img.convertToFormat(img.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
 }
 
 } // namespace

@@ -24,16 +24,53 @@ QString SkinStateFolder(int state); // "Normal", "Over", "Press", "Disabel"
 
 // Single pictures, in the order they are first loaded.
 enum class SkinSingle : int {
-    TLCorner, TRCorner, BLCorner, BRCorner, HLine, VLine, TabButton, Playlist,
-    BGDC, BGDL, BGDR, BGBLCorner, BGBRCorner, BGBCorner, BGCL, BGCC, BGCR, BGCd,
-    TitleBar, WindowIcon, Menu, Menubar, MenuButton, AboutLogo,
+    TLCorner,
+    TRCorner,
+    BLCorner,
+    BRCorner,
+    HLine,
+    VLine,
+    TabButton,
+    Playlist,
+    BGDC,
+    BGDL,
+    BGDR,
+    BGBLCorner,
+    BGBRCorner,
+    BGBCorner,
+    BGCL,
+    BGCC,
+    BGCR,
+    BGCd,
+    TitleBar,
+    WindowIcon,
+    Menu,
+    Menubar,
+    MenuButton,
+    AboutLogo,
     Count
 };
 
 // Button picture sets: one picture per state.
 enum class SkinSet : int {
-    Minimize, Maxmize, Close, Play, Pause, Stop, Previous, Next, Rewind, ff,
-    PlayList, Open, dvd, SnapShoot, FullScreen, SoundOn, SoundOFF, Button,
+    Minimize,
+    Maxmize,
+    Close,
+    Play,
+    Pause,
+    Stop,
+    Previous,
+    Next,
+    Rewind,
+    ff,
+    PlayList,
+    Open,
+    dvd,
+    SnapShoot,
+    FullScreen,
+    SoundOn,
+    SoundOFF,
+    Button,
     Count
 };
 
@@ -49,8 +86,7 @@ struct SkinLoadStep {
 // missing file.
 const std::vector<SkinLoadStep> &SkinLoadOrder();
 
-class SkinImages
-{
+class SkinImages {
 public:
     // Loads every slot from `programFolder` (ending in a separator) in load
     // order and returns how many slots were filled. A file that cannot be

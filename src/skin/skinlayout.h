@@ -15,9 +15,24 @@ namespace quorvel {
 
 // Indices of the button table (24 slots; 3-6, 21 and 22 stay empty).
 enum SkinButtonIndex : int {
-    BtnClose = 0, BtnMaxmize = 1, BtnMinimize = 2, BtnTitleBar = 7, BtnPlay = 8, BtnPause = 9,
-    BtnStop = 10, BtnPrevious = 11, BtnRewind = 12, BtnNext = 13, BtnFF = 14, BtnSnapShoot = 15,
-    BtnFullScreen = 16, BtnPlayList = 17, BtnDvd = 18, BtnOpen = 19, BtnSound = 20, BtnWindowIcon = 23
+    BtnClose = 0,
+    BtnMaxmize = 1,
+    BtnMinimize = 2,
+    BtnTitleBar = 7,
+    BtnPlay = 8,
+    BtnPause = 9,
+    BtnStop = 10,
+    BtnPrevious = 11,
+    BtnRewind = 12,
+    BtnNext = 13,
+    BtnFF = 14,
+    BtnSnapShoot = 15,
+    BtnFullScreen = 16,
+    BtnPlayList = 17,
+    BtnDvd = 18,
+    BtnOpen = 19,
+    BtnSound = 20,
+    BtnWindowIcon = 23
 };
 inline constexpr int kSkinButtonSlots = 24;
 using SkinRects = std::array<HitRect, kSkinButtonSlots>;
@@ -26,8 +41,8 @@ using SkinRects = std::array<HitRect, kSkinButtonSlots>;
 // Side pane sizes of the splitter for one playlist layout code.
 struct PlaylistPanes {
     double pane0Width = 0, pane1Height = 0, pane3Height = 0, pane4Width = 0;
-    int holder = -1;         // pane index holding the playlist; -1 for none
-    bool fillsVideo = false; // code 4: the playlist lies over the video area
+    int holder = -1;           // pane index holding the playlist; -1 for none
+    bool fillsVideo = false;   // code 4: the playlist lies over the video area
     bool keepContents = false; // code 5: pane contents are left as they are
     // locks after the layout: width of 0, width of 4, height of 1, height of 3
     bool lock0W = true, lock4W = true, lock1H = true, lock3H = true;
@@ -53,11 +68,11 @@ struct SkinLayout {
 
     QRect titleBar, menuStrip, leftBorder, rightBorder, videoArea;
     QRect controlLeft, controlCentre, controlRight;
-    SkinRects buttons;   // drawn rectangles
-    QRect caption;       // caption label
-    QPoint rateLabel;    // top-left of the playing-rate text
+    SkinRects buttons;    // drawn rectangles
+    QRect caption;        // caption label
+    QPoint rateLabel;     // top-left of the playing-rate text
     int timeLabelTop = 0; // the time text is centred horizontally
-    QRect volumeLabel; // the volume number, right-aligned over the track's end
+    QRect volumeLabel;    // the volume number, right-aligned over the track's end
     QRect seekBar;
     QRect volumeTrack;
     std::array<QRect, 5> menuCaptions; // "File" ... "Help"

@@ -12,8 +12,7 @@ QFont SkinFont(int pixelSize, bool bold)
 {
     QFont f;
     // Tahoma where installed; DejaVu Sans Condensed has nearly its widths
-    f.setFamilies({QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"),
-                   QStringLiteral("DejaVu Sans")});
+    f.setFamilies({QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});
     f.setPixelSize(pixelSize);
     f.setBold(bold);
     f.setHintingPreference(QFont::PreferFullHinting);
@@ -29,19 +28,30 @@ struct ButtonDraw {
 
 // Button paint order: window buttons, then the control area.
 constexpr ButtonDraw kButtonOrder[] = {
-    {BtnClose, SkinSet::Close},       {BtnMaxmize, SkinSet::Maxmize},   {BtnMinimize, SkinSet::Minimize},
-    {BtnPlay, SkinSet::Play},         {BtnPause, SkinSet::Pause},       {BtnStop, SkinSet::Stop},
-    {BtnPrevious, SkinSet::Previous}, {BtnRewind, SkinSet::Rewind},     {BtnNext, SkinSet::Next},
-    {BtnFF, SkinSet::ff},             {BtnSnapShoot, SkinSet::SnapShoot}, {BtnFullScreen, SkinSet::FullScreen},
-    {BtnPlayList, SkinSet::PlayList}, {BtnDvd, SkinSet::dvd},         {BtnOpen, SkinSet::Open},
-    {BtnSound, SkinSet::SoundOn},
+    {BtnClose, SkinSet::Close},         {BtnMaxmize, SkinSet::Maxmize},
+    {BtnMinimize, SkinSet::Minimize},   {BtnPlay, SkinSet::Play},
+    {BtnPause, SkinSet::Pause},         {BtnStop, SkinSet::Stop},
+    {BtnPrevious, SkinSet::Previous},   {BtnRewind, SkinSet::Rewind},
+    {BtnNext, SkinSet::Next},           {BtnFF, SkinSet::ff},
+    {BtnSnapShoot, SkinSet::SnapShoot}, {BtnFullScreen, SkinSet::FullScreen},
+    {BtnPlayList, SkinSet::PlayList},   {BtnDvd, SkinSet::dvd},
+    {BtnOpen, SkinSet::Open},           {BtnSound, SkinSet::SoundOn},
 };
 
 } // namespace
 
-QFont SkinPainter::captionFont() { return SkinFont(12, true); }
-QFont SkinPainter::statusFont() { return SkinFont(12, true); }
-QFont SkinPainter::windowFont() { return SkinFont(11, false); }
+QFont SkinPainter::captionFont()
+{
+    return SkinFont(12, true);
+}
+QFont SkinPainter::statusFont()
+{
+    return SkinFont(12, true);
+}
+QFont SkinPainter::windowFont()
+{
+    return SkinFont(11, false);
+}
 
 SkinRects SkinPainter::paint(QPainter &p, const SkinPaintState &s) const
 {
@@ -66,8 +76,8 @@ SkinRects SkinPainter::paint(QPainter &p, const SkinPaintState &s) const
         if (b.index == BtnSound && s.isMuted)
             set = SkinSet::SoundOFF;
         const QRect r = l.buttons[b.index].toQRect();
-        rects[b.index] =
-            DrawSkinImage(p, m_images.button(set, s.buttonStates[b.index]), r.x(), r.y(), r.width(), r.height());
+        rects[b.index] = DrawSkinImage(p, m_images.button(set, s.buttonStates[b.index]), r.x(), r.y(), r.width(),
+                                       r.height());
     }
     rects = RaiseHitBottoms(rects);
     paintSeekBar(p, l, s);

@@ -19,20 +19,19 @@ class QPainter;
 namespace quorvel {
 
 struct SkinPaintState {
-    QSize size{388, 515};                               // client size
-    std::array<int, kSkinButtonSlots> buttonStates{};   // from SkinButtons::states()
-    bool isMuted = false;                               // the sound button shows "SoundOFF"
-    int fillWidth = 0;                                  // seek fill in pixels
-    int knobLeft = 48;                                  // volume knob left inside the track
-    QString captionText = QStringLiteral("Quorvel");    // already fitted to the caption label
+    QSize size{388, 515};                             // client size
+    std::array<int, kSkinButtonSlots> buttonStates{}; // from SkinButtons::states()
+    bool isMuted = false;                             // the sound button shows "SoundOFF"
+    int fillWidth = 0;                                // seek fill in pixels
+    int knobLeft = 48;                                // volume knob left inside the track
+    QString captionText = QStringLiteral("Quorvel");  // already fitted to the caption label
     QString timeText = QStringLiteral("00:00:00 / 00:00:00");
     QString rateText;
     QString volumeText = QStringLiteral("0");
-    QStringList menuCaptions;                           // drawn only when the window has no menu bar of its own
+    QStringList menuCaptions; // drawn only when the window has no menu bar of its own
 };
 
-class SkinPainter
-{
+class SkinPainter {
 public:
     explicit SkinPainter(const SkinImages &images) : m_images(images) {}
 

@@ -51,8 +51,8 @@ QPalette listPalette(QPalette base)
 QString listScrollBarStyleSheet()
 {
     return QString::fromLatin1(kScrollBar)
-        + QStringLiteral("QScrollBar::handle:vertical:hover { background: #4c9dff; }"
-                         "QScrollBar::add-page, QScrollBar::sub-page { background: none; }");
+           + QStringLiteral("QScrollBar::handle:vertical:hover { background: #4c9dff; }"
+                            "QScrollBar::add-page, QScrollBar::sub-page { background: none; }");
 }
 
 QString reportStyleSheet()

@@ -14,18 +14,21 @@ TEST(CommandLine, EachArgumentIsOneFileMadeAbsoluteAgainstTheCallersFolder)
         bool forcePlay;
     };
     const Case cases[] = {
-        { {}, {}, true },
-        { {u"t1.mp4"_qs, u"t2.mp4"_qs, u"t3.mp4"_qs},
-            {here + u"/t1.mp4"_qs, here + u"/t2.mp4"_qs, here + u"/t3.mp4"_qs}, true},
+        {{}, {}, true},
+        {{u"t1.mp4"_qs, u"t2.mp4"_qs, u"t3.mp4"_qs},
+         {here + u"/t1.mp4"_qs, here + u"/t2.mp4"_qs, here + u"/t3.mp4"_qs},
+         true},
         // Quotes, blanks, '#', a leading dash and line breaks are part of the name.
-        { {u"/m/say \"hi\".mp4"_qs, u"-reverse #1 a b.mkv"_qs, u"a\nb.mp3"_qs},
-            {u"/m/say \"hi\".mp4"_qs, here + u"/-reverse #1 a b.mkv"_qs, here + u"/a\nb.mp3"_qs}, true},
+        {{u"/m/say \"hi\".mp4"_qs, u"-reverse #1 a b.mkv"_qs, u"a\nb.mp3"_qs},
+         {u"/m/say \"hi\".mp4"_qs, here + u"/-reverse #1 a b.mkv"_qs, here + u"/a\nb.mp3"_qs},
+         true},
         // The marker may stand anywhere.
-        { {u"a.mp3"_qs, u"*Add"_qs, u"/x/b.mp3"_qs}, {here + u"/a.mp3"_qs, u"/x/b.mp3"_qs}, false },
-        { {u"*Add"_qs, u"/x/*Add/y.mp4"_qs}, {u"/x/*Add/y.mp4"_qs}, false },
-        { {u"./sub/../c.mp4"_qs, u"../d.mp4"_qs}, {here + u"/c.mp4"_qs, u"/home/u/d.mp4"_qs}, true },
-        { {u"file:///m/with%20blank%23.mp4"_qs, u"FILE:///m/x.mp4"_qs},
-            {u"/m/with blank#.mp4"_qs, u"/m/x.mp4"_qs}, true},
+        {{u"a.mp3"_qs, u"*Add"_qs, u"/x/b.mp3"_qs}, {here + u"/a.mp3"_qs, u"/x/b.mp3"_qs}, false},
+        {{u"*Add"_qs, u"/x/*Add/y.mp4"_qs}, {u"/x/*Add/y.mp4"_qs}, false},
+        {{u"./sub/../c.mp4"_qs, u"../d.mp4"_qs}, {here + u"/c.mp4"_qs, u"/home/u/d.mp4"_qs}, true},
+        {{u"file:///m/with%20blank%23.mp4"_qs, u"FILE:///m/x.mp4"_qs},
+         {u"/m/with blank#.mp4"_qs, u"/m/x.mp4"_qs},
+         true},
     };
     for (const Case &c : cases) {
         const CommandLine parsed = CommandLine::parse(c.arguments, here);
@@ -40,8 +43,10 @@ TEST(CommandLine, EachArgumentIsOneFileMadeAbsoluteAgainstTheCallersFolder)
 
 TEST(CommandLine, QtRunsOnXcbInAWaylandSessionUnlessThePlatformWasChosen)
 {
-    const char *cases[][4] = {{"", "wayland-0", "", "xcb"}, {"", "", "wayland", "xcb"},
-                              {"wayland", "wayland-0", "wayland", ""}, {"", "", "x11", ""}};
+    const char *cases[][4] = {{"", "wayland-0", "", "xcb"},
+                              {"", "", "wayland", "xcb"},
+                              {"wayland", "wayland-0", "wayland", ""},
+                              {"", "", "x11", ""}};
     for (const auto &c : cases)
         EXPECT_EQ(QtPlatformToUse(c[0], c[1], c[2]), c[3]) << c[0] << '|' << c[1] << '|' << c[2];
 }

@@ -72,8 +72,8 @@ TEST(ConfigFile, WritesCrLfLinesWithBlanksAroundNumbersAndCentresTheDefaultWindo
     ASSERT_EQ(lines.size(), 47); // 46 lines and the empty rest after the last CR LF
     for (int i = 0; i < 46; ++i)
         EXPECT_TRUE(lines[i].endsWith('\r')) << "line " << i + 1;
-    EXPECT_EQ(lines[2], " 2 \r"); // PlayMode
-    EXPECT_EQ(lines[41], "-300 \r"); // WindowLeft
+    EXPECT_EQ(lines[2], " 2 \r");                          // PlayMode
+    EXPECT_EQ(lines[41], "-300 \r");                       // WindowLeft
     const Settings d = DefaultSettings(testEnvironment()); // on a 1280 x 1024 screen
     EXPECT_EQ(d.WindowLeft, (1280 - 388) / 2 * 15);
     EXPECT_EQ(d.WindowTop, (1024 - 515) / 2 * 15);
@@ -150,8 +150,7 @@ TEST(ConfigFile, TextsRoundTripWhateverCharactersTheyHold)
         EXPECT_EQ(*back, s) << text.toStdString();
     }
     // Plain texts stay unquoted, as the file has always held them.
-    EXPECT_TRUE(
-        ConfigFile::serialize(unusualSettings()).startsWith("Deutsch\r\n/media/Filme und Serien/Müller\r\n"));
+    EXPECT_TRUE(ConfigFile::serialize(unusualSettings()).startsWith("Deutsch\r\n/media/Filme und Serien/Müller\r\n"));
 
     // A hand-written unquoted comma still cuts the text and shifts the rest.
     QByteArray cut = ConfigFile::serialize(unusualSettings());
@@ -199,15 +198,12 @@ TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
     enum Beside { None, Writable, ReadOnly, Directory };
     struct Case {
         Beside beside;
-        bool userSaved; // the user's folder already holds saved settings
-        bool readsBeside; // else the user's folder
+        bool userSaved;    // the user's folder already holds saved settings
+        bool readsBeside;  // else the user's folder
         bool writesBeside; // else the user's folder
     } const cases[] = {
-        { None, false, true, true },
-        { Writable, true, true, true },
-        { ReadOnly, false, true, false },
-        { ReadOnly, true, false, false },
-        { Directory, false, false, false },
+        {None, false, true, true},      {Writable, true, true, true},     {ReadOnly, false, true, false},
+        {ReadOnly, true, false, false}, {Directory, false, false, false},
     };
     for (const Case &c : cases) {
         QTemporaryDir dir;
@@ -243,6 +239,6 @@ TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
             EXPECT_EQ(ConfigFile::load(ConfigFile::locate(program, user), testEnvironment()).settings, mine);
         }
         // Nowhere to write: nothing is written and nothing fails.
-        EXPECT_TRUE(ConfigFile::write(ConfigLocation { where.readPath, QString() }, mine));
+        EXPECT_TRUE(ConfigFile::write(ConfigLocation{where.readPath, QString()}, mine));
     }
 }

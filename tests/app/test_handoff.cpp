@@ -5,8 +5,8 @@
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QtConcurrent/QtConcurrentRun>
-#include <unistd.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace quorvel;
 constexpr auto Done = handoff::SendResult::Done;
@@ -48,8 +48,12 @@ TEST(HandoffFrame, RoundTripsAndRejectsBadData)
     EXPECT_EQ(text, u"/vidéos/a b,c.mkv"_qs);
     // 0: wait for more; -1: drop the sender.
     const std::pair<QByteArray, int> cases[] = {
-        {f.left(3), 0}, {f.left(10), 0}, {"GET / HTTP/1.1\r\n", -1}, {f + "x", -1},
-        {"QVL1" + QByteArray::fromHex("7fffffff"), -1}, {"QVL1" + QByteArray::fromHex("00000002") + "\xc3\x28", -1},
+        {f.left(3), 0},
+        {f.left(10), 0},
+        {"GET / HTTP/1.1\r\n", -1},
+        {f + "x", -1},
+        {"QVL1" + QByteArray::fromHex("7fffffff"), -1},
+        {"QVL1" + QByteArray::fromHex("00000002") + "\xc3\x28", -1},
     };
     for (const auto &[bytes, result] : cases)
         EXPECT_EQ(handoff::unframe(bytes, &text), result) << bytes.toHex().toStdString();

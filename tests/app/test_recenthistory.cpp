@@ -7,8 +7,7 @@
 
 using namespace quorvel;
 
-namespace
-{
+namespace {
 
 QStringList files(int from, int to)
 {
@@ -28,23 +27,21 @@ QStringList slotPaths(const RecentHistory &h)
 
 TEST(RecentHistory, KeepsElevenSlotsOldestFirstAndSkipsReplays)
 {
-    const QString a = QStringLiteral("/m/A.mkv"), b = QStringLiteral("/m/B.mkv"),
-                  c = QStringLiteral("/m/C.mkv");
+    const QString a = QStringLiteral("/m/A.mkv"), b = QStringLiteral("/m/B.mkv"), c = QStringLiteral("/m/C.mkv");
     const struct {
         const char *name;
         QStringList played;
         QStringList expected;
     } cases[] = {
-        { "played in order", { a, b, c }, { a, b, c } },
-        { "replay adds nothing", { a, b, a, b }, { a, b } },
-        { "other letter case is another file", { a, QStringLiteral("/m/a.mkv") },
-            { a, QStringLiteral("/m/a.mkv") } },
-        { "eleven fill every slot", files(0, 10), files(0, 10) },
-        { "twelfth drops the oldest", files(0, 11), files(1, 11) },
-        { "thirteenth drops the next", files(0, 12), files(2, 12) },
-        { "replay of a kept file when full", files(0, 11) << QStringLiteral("/m/f5.mkv"), files(1, 11) },
-        { "replay of a dropped file when full", files(0, 11) << QStringLiteral("/m/f0.mkv"),
-            files(2, 11) << QStringLiteral("/m/f0.mkv") },
+        {"played in order", {a, b, c}, {a, b, c}},
+        {"replay adds nothing", {a, b, a, b}, {a, b}},
+        {"other letter case is another file", {a, QStringLiteral("/m/a.mkv")}, {a, QStringLiteral("/m/a.mkv")}},
+        {"eleven fill every slot", files(0, 10), files(0, 10)},
+        {"twelfth drops the oldest", files(0, 11), files(1, 11)},
+        {"thirteenth drops the next", files(0, 12), files(2, 12)},
+        {"replay of a kept file when full", files(0, 11) << QStringLiteral("/m/f5.mkv"), files(1, 11)},
+        {"replay of a dropped file when full", files(0, 11) << QStringLiteral("/m/f0.mkv"),
+         files(2, 11) << QStringLiteral("/m/f0.mkv")},
     };
     for (const auto &tc : cases) {
         SCOPED_TRACE(tc.name);

@@ -37,14 +37,12 @@ public:
         m_open << e->command << e->probe;
         return true;
     }
-    SendResult send(
-        const QString &endpoint, const QString &text, const std::function<void()> &received) override
+    SendResult send(const QString &endpoint, const QString &text, const std::function<void()> &received) override
     {
         std::unique_lock lock(m_mutex);
         sent << endpoint + u' ' + text;
-        SendResult r = !script.isEmpty()
-            ? script.takeFirst()
-            : (m_open.contains(endpoint) ? SendResult::Done : SendResult::NoInstance);
+        SendResult r = !script.isEmpty() ? script.takeFirst()
+                                         : (m_open.contains(endpoint) ? SendResult::Done : SendResult::NoInstance);
         lock.unlock();
         if (r == SendResult::Done || r == SendResult::Unconfirmed)
             received();
@@ -79,22 +77,50 @@ TEST(StartupNegotiator, HandsOverOrBecomesTheInstanceAndNeverDropsFilesSilently)
     };
     const QStringList file{u"/m/a b.mp4"_qs};
     const Case cases[] = {
-        { "first start ever", {}, false, file, {}, Outcome::BecomeInstance, 0, {} },
-        { "new instance asked for", running, true, file, {}, Outcome::BecomeInstance, 0, {} },
-        { "handed over", running, false, file, {SendResult::Done}, Outcome::HandedOver, 1, {} },
-        { "stale registry", running, false, file, {SendResult::NoInstance}, Outcome::BecomeInstance, 1,
-            {} },
-        { "instance went away", running, false, file, {SendResult::Dropped, SendResult::NoInstance},
-            Outcome::BecomeInstance, 2, {} },
-        { "always dropped", running, false, file,
-            {SendResult::Dropped, SendResult::Dropped, SendResult::Dropped}, Outcome::Failed, 3,
-            u"\"/m/a b.mp4\""_qs },
-        { "hung instance", running, false, file, {SendResult::NoAnswer}, Outcome::Failed, 1,
-            u"(process 77) does not answer; these files were not added: \"/m/a b.mp4\""_qs },
-        { "hung instance, plain start", running, false, {}, {SendResult::NoAnswer}, Outcome::Failed, 1,
-            u"no second window"_qs },
-        { "received, never confirmed", running, false, file, {SendResult::Unconfirmed}, Outcome::Failed, 1,
-            u"has not confirmed"_qs },
+        {"first start ever", {}, false, file, {}, Outcome::BecomeInstance, 0, {}},
+        {"new instance asked for", running, true, file, {}, Outcome::BecomeInstance, 0, {}},
+        {"handed over", running, false, file, {SendResult::Done}, Outcome::HandedOver, 1, {}},
+        {"stale registry", running, false, file, {SendResult::NoInstance}, Outcome::BecomeInstance, 1, {}},
+        {"instance went away",
+         running,
+         false,
+         file,
+         {SendResult::Dropped, SendResult::NoInstance},
+         Outcome::BecomeInstance,
+         2,
+         {}},
+        {"always dropped",
+         running,
+         false,
+         file,
+         {SendResult::Dropped, SendResult::Dropped, SendResult::Dropped},
+         Outcome::Failed,
+         3,
+         u"\"/m/a b.mp4\""_qs},
+        {"hung instance",
+         running,
+         false,
+         file,
+         {SendResult::NoAnswer},
+         Outcome::Failed,
+         1,
+         u"(process 77) does not answer; these files were not added: \"/m/a b.mp4\""_qs},
+        {"hung instance, plain start",
+         running,
+         false,
+         {},
+         {SendResult::NoAnswer},
+         Outcome::Failed,
+         1,
+         u"no second window"_qs},
+        {"received, never confirmed",
+         running,
+         false,
+         file,
+         {SendResult::Unconfirmed},
+         Outcome::Failed,
+         1,
+         u"has not confirmed"_qs},
     };
     for (const Case &c : cases) {
         QTemporaryDir dir;

@@ -6,7 +6,10 @@
 using namespace quorvel;
 
 namespace {
-QSize px(int w, int h) { return QSize(w * 15, h * 15); }
+QSize px(int w, int h)
+{
+    return QSize(w * 15, h * 15);
+}
 } // namespace
 
 TEST(WindowResizer, TheBandIsAboutFourPixelsAndShapesThePointer)
@@ -63,29 +66,27 @@ TEST(WindowResizer, AHeightDragOfAWideWindowSurvivesTheMinimum)
 
 TEST(WindowPlacement, StoredGeometryIsBroughtOntoTheScreens)
 {
-    const QList<QRect> one { QRect(0, 0, 1280, 1024) };
+    const QList<QRect> one{QRect(0, 0, 1280, 1024)};
     // Two monitors side by side; the right one has a panel at its top.
-    const QList<QRect> two { QRect(0, 0, 1920, 1080), QRect(1920, 30, 1280, 994) };
+    const QList<QRect> two{QRect(0, 0, 1920, 1080), QRect(1920, 30, 1280, 994)};
     const QSize minimum(370, 370);
     struct Case {
         QRect wanted;
         QList<QRect> screens;
         QRect expected;
     } const cases[] = {
-        { QRect(100, 100, 388, 515), one, QRect(100, 100, 388, 515) }, // fits: unchanged
-        { QRect(0, 0, 133333333, 133333333), one, QRect(0, 0, 1280, 1024) }, // 2000000000 twips
-        { QRect(50, 60, 100, 0), one, QRect(50, 60, 370, 370) }, // below the minimum
-        { QRect(5000, 3000, 388, 515), one, QRect(892, 509, 388, 515) }, // monitor gone
-        { QRect(-900, -400, 388, 515), one, QRect(0, 0, 388, 515) },
-        { QRect(100, 800, 388, 515), one, QRect(100, 800, 388, 515) }, // only the bottom hangs off
-        { QRect(100, 1000, 388, 515), one, QRect(100, 509, 388, 515) }, // title bar off the screen
-        { QRect(1700, 100, 388, 515), two, QRect(1700, 100, 388, 515) }, // across two monitors
-        { QRect(2000, 10, 388, 515), two, QRect(2000, 30, 388, 515) }, // title bar under the panel
-        { QRect(2500, 0, 2000, 2000), two, QRect(1920, 30, 1280, 994) }, // larger than its monitor
-        { QRect(0, 0, 100, 100), { QRect(0, 0, 320, 240) },
-            QRect(0, 0, 370, 370) }, // minimum beats a tiny screen
+        {QRect(100, 100, 388, 515), one, QRect(100, 100, 388, 515)},       // fits: unchanged
+        {QRect(0, 0, 133333333, 133333333), one, QRect(0, 0, 1280, 1024)}, // 2000000000 twips
+        {QRect(50, 60, 100, 0), one, QRect(50, 60, 370, 370)},             // below the minimum
+        {QRect(5000, 3000, 388, 515), one, QRect(892, 509, 388, 515)},     // monitor gone
+        {QRect(-900, -400, 388, 515), one, QRect(0, 0, 388, 515)},
+        {QRect(100, 800, 388, 515), one, QRect(100, 800, 388, 515)},             // only the bottom hangs off
+        {QRect(100, 1000, 388, 515), one, QRect(100, 509, 388, 515)},            // title bar off the screen
+        {QRect(1700, 100, 388, 515), two, QRect(1700, 100, 388, 515)},           // across two monitors
+        {QRect(2000, 10, 388, 515), two, QRect(2000, 30, 388, 515)},             // title bar under the panel
+        {QRect(2500, 0, 2000, 2000), two, QRect(1920, 30, 1280, 994)},           // larger than its monitor
+        {QRect(0, 0, 100, 100), {QRect(0, 0, 320, 240)}, QRect(0, 0, 370, 370)}, // minimum beats a tiny screen
     };
     for (const Case &c : cases)
-        EXPECT_EQ(ClampToScreens(c.wanted, c.screens, minimum, 31), c.expected)
-            << c.wanted.x() << "," << c.wanted.y();
+        EXPECT_EQ(ClampToScreens(c.wanted, c.screens, minimum, 31), c.expected) << c.wanted.x() << "," << c.wanted.y();
 }

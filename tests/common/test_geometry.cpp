@@ -6,10 +6,13 @@ using namespace quorvel;
 
 TEST(Geometry, FitScaleKeepsAspectAndGuardsEmptySources)
 {
-    const struct { int w, h, boxW, boxH; double scale; } cases[] = {
-        {0, 100, 64, 64, 1.0}, {100, 0, 64, 64, 1.0}, // empty sources
-        {640, 480, 64, 64, 0.1}, {480, 640, 64, 64, 0.1}, // wide: width decides; tall: height
-        {100, 100, 64, 32, 0.32}, {32, 32, 64, 64, 2.0}, // small sources grow
+    const struct {
+        int w, h, boxW, boxH;
+        double scale;
+    } cases[] = {
+        {0, 100, 64, 64, 1.0},    {100, 0, 64, 64, 1.0},   // empty sources
+        {640, 480, 64, 64, 0.1},  {480, 640, 64, 64, 0.1}, // wide: width decides; tall: height
+        {100, 100, 64, 32, 0.32}, {32, 32, 64, 64, 2.0},   // small sources grow
     };
     for (const auto &c : cases)
         EXPECT_DOUBLE_EQ(FitScale(c.w, c.h, c.boxW, c.boxH), c.scale) << c.w << 'x' << c.h;

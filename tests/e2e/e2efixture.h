@@ -67,8 +67,7 @@ protected:
     // Waits until `text` stands `count` times in the program's trace.
     static bool waitForCount(QuorvelProcess &q, const QString &text, int count, int timeoutMs = 60000)
     {
-        waitUntil([&] { return q.log().count(text) >= count || !q.isRunning(); },
-                  std::chrono::milliseconds(timeoutMs));
+        waitUntil([&] { return q.log().count(text) >= count || !q.isRunning(); }, std::chrono::milliseconds(timeoutMs));
         return q.log().count(text) >= count;
     }
     // Sends keys to the program's window (xdotool key syntax).
@@ -76,7 +75,8 @@ protected:
     {
         QProcess find;
         find.setProcessEnvironment(x().environment());
-        find.start(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("^Quorvel")});
+        find.start(QStringLiteral("xdotool"),
+                   {QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("^Quorvel")});
         find.waitForFinished(10000);
         const QString wid = QString::fromLatin1(find.readAll()).split(u'\n').value(0).trimmed();
         ASSERT_FALSE(wid.isEmpty()) << "no program window";

@@ -30,8 +30,7 @@ TEST_F(EngineTest, AnEngineThatCannotStartIsReportedOnceAndTheWindowStaysUsable)
     auto q = std::make_unique<QuorvelProcess>(m_box, x().display());
     q->setVariable(u"LD_LIBRARY_PATH"_qs, lonely.path());
     q->start({copyOf(clip, u"one.mp4"_qs)});
-    ASSERT_TRUE(q->waitForLog(u"message: .*the playback engine did not start"_qs).hasMatch())
-        << q->log().toStdString();
+    ASSERT_TRUE(q->waitForLog(u"message: .*the playback engine did not start"_qs).hasMatch()) << q->log().toStdString();
     EXPECT_TRUE(q->log().contains(u"could not be started"_qs));
 
     // Still answering: a file handed over is added; nothing waits on

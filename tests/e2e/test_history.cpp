@@ -11,11 +11,11 @@ TEST_F(E2eTest, HistoryKeepsPlayOrderAndPlaysAgainAfterRestart)
 {
     setConfigLine(3, " 0 "); // no repeat: each clip plays once
     const QString c = makeClip(QStringLiteral("e2e-order.mp4"), 2, QStringLiteral("160x120"));
-    const QStringList files = { copyOf(c, QStringLiteral("one.mp4")),
-        copyOf(c, QStringLiteral("two, #2.mp4")), copyOf(c, QStringLiteral("three.mp4")) };
-    auto q = launchInstance({ files[0] });
+    const QStringList files = {copyOf(c, QStringLiteral("one.mp4")), copyOf(c, QStringLiteral("two, #2.mp4")),
+                               copyOf(c, QStringLiteral("three.mp4"))};
+    auto q = launchInstance({files[0]});
     for (int i = 1; i < 3; ++i)
-        EXPECT_TRUE(launch({ files[i] })->waitForExit());
+        EXPECT_TRUE(launch({files[i]})->waitForExit());
     ASSERT_TRUE(waitForCount(*q, QStringLiteral("history added"), 3)) << q->log().toStdString();
     q->terminate();
     ASSERT_TRUE(q->waitForExit());
@@ -34,9 +34,9 @@ TEST_F(E2eTest, HistoryKeepsPlayOrderAndPlaysAgainAfterRestart)
     auto again = launchInstance({});
     ASSERT_TRUE(again->waitForLog(QStringLiteral("history loaded: 3 entries")).hasMatch())
         << again->log().toStdString();
-    keys({ QStringLiteral("alt+f"), QStringLiteral("Down"), QStringLiteral("Right") });
+    keys({QStringLiteral("alt+f"), QStringLiteral("Down"), QStringLiteral("Right")});
     EXPECT_TRUE(x().screenshot(outputDir() + QStringLiteral("/history-menu.png")));
-    keys({ QStringLiteral("Down"), QStringLiteral("Return") });
+    keys({QStringLiteral("Down"), QStringLiteral("Return")});
     ASSERT_TRUE(again->waitForLog(QStringLiteral("started \"[^\"]*two, #2.mp4\"")).hasMatch())
         << again->log().toStdString();
 }

@@ -101,8 +101,7 @@ TEST_F(PlayOrderTest, NextAndPreviousWrapAround)
     ASSERT_TRUE(q->waitForLog(QStringLiteral("started [^\\n]*three\\.mp4")).hasMatch()) << q->log().toStdString();
     keys({QStringLiteral("Next")}); // next from the last: the first
     ASSERT_TRUE(waitForStarts(*q, 3));
-    EXPECT_EQ(startedTitles(q->log()).mid(0, 3),
-              (QStringList{u"one.mp4"_qs, u"three.mp4"_qs, u"one.mp4"_qs}));
+    EXPECT_EQ(startedTitles(q->log()).mid(0, 3), (QStringList{u"one.mp4"_qs, u"three.mp4"_qs, u"one.mp4"_qs}));
 }
 
 TEST_F(PlayOrderTest, NextRightAfterStopPlaysOnAndTheListAdvances)
@@ -127,8 +126,9 @@ TEST_F(PlayOrderTest, FullScreenIsLeftWithEscape)
     auto geometry = [this] {
         QProcess p;
         p.setProcessEnvironment(x().environment());
-        p.start(QStringLiteral("sh"), {QStringLiteral("-c"),
-                                       QStringLiteral("xdotool getwindowgeometry $(xdotool search --name '^Quorvel' | head -1)")});
+        p.start(QStringLiteral("sh"),
+                {QStringLiteral("-c"),
+                 QStringLiteral("xdotool getwindowgeometry $(xdotool search --name '^Quorvel' | head -1)")});
         p.waitForFinished(10000);
         return QString::fromUtf8(p.readAll());
     };

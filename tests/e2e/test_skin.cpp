@@ -16,7 +16,8 @@ protected:
     {
         QProcess p;
         p.setProcessEnvironment(x().environment());
-        p.start(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("^Quorvel")});
+        p.start(QStringLiteral("xdotool"),
+                {QStringLiteral("search"), QStringLiteral("--name"), QStringLiteral("^Quorvel")});
         p.waitForFinished(10000);
         return QString::fromLatin1(p.readAll()).split(u'\n').value(0).trimmed();
     }
@@ -59,7 +60,8 @@ protected:
         p.setProcessEnvironment(x().environment());
         p.start(QStringLiteral("xdotool"), {QStringLiteral("getwindowgeometry"), windowId()});
         p.waitForFinished(10000);
-        const auto m = QRegularExpression(QStringLiteral("Geometry: (\\d+)x(\\d+)")).match(QString::fromLatin1(p.readAll()));
+        const auto m
+            = QRegularExpression(QStringLiteral("Geometry: (\\d+)x(\\d+)")).match(QString::fromLatin1(p.readAll()));
         return m.hasMatch() ? QSize(m.captured(1).toInt(), m.captured(2).toInt()) : QSize();
     }
     // The size once the window has taken every request still on its way.
@@ -77,7 +79,11 @@ protected:
     }
     int countOf(QuorvelProcess &q, const QString &text) { return static_cast<int>(q.log().count(text)); }
     // Long enough that it does not end while the test works the window.
-    QString clip() { return copyOf(makeClip(QStringLiteral("e2e-skin.mp4"), 30, QStringLiteral("480x270")), QStringLiteral("skin clip.mp4")); }
+    QString clip()
+    {
+        return copyOf(makeClip(QStringLiteral("e2e-skin.mp4"), 30, QStringLiteral("480x270")),
+                      QStringLiteral("skin clip.mp4"));
+    }
     void shoot(const QString &name)
     {
         QThread::msleep(400);
@@ -120,7 +126,8 @@ TEST_F(SkinTest, SeekBarVolumeKnobAndRightEdge)
     // Seek bar: (56, 406, 276, 14). Drag to about 70 %.
     drag(70, 413, 250, 413);
     ASSERT_TRUE(q->waitForLog(QStringLiteral("seek 0\\.[6-7]")).hasMatch()) << q->log().toStdString();
-    EXPECT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=(19|2\\d)\\d{3} ")).hasMatch()) << q->log().toStdString();
+    EXPECT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=(19|2\\d)\\d{3} ")).hasMatch())
+        << q->log().toStdString();
 
     // Volume track (308, 488, 61, 12): drag the knob from its right end to x = 20 in the track.
     drag(308 + 56, 494, 308 + 20, 494);
@@ -140,20 +147,19 @@ TEST_F(SkinTest, SeekBarVolumeKnobAndRightEdge)
 TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
 {
     setConfigLine(45, " 4 ");
-    auto q = launchInstance({ clip() });
-    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]")).hasMatch())
-        << q->log().toStdString();
+    auto q = launchInstance({clip()});
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]")).hasMatch()) << q->log().toStdString();
     shoot(QStringLiteral("skin-playing-388x515-playlist4-check.png"));
     // Below the only row the list's own dark background shows, not the video.
-    const QColor below = QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png"))
-                             .pixelColor(190, 300);
+    const QColor below
+        = QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png")).pixelColor(190, 300);
     EXPECT_LT(qAbs(below.red() - 0x1b) + qAbs(below.green() - 0x20) + qAbs(below.blue() - 0x27), 24)
         << below.name().toStdString();
     // The menu strip right of the captions keeps the skin's dark picture.
     EXPECT_LT(QImage(outputDir() + QStringLiteral("/skin-playing-388x515-playlist4-check.png"))
                   .pixelColor(330, 43)
                   .lightness(),
-        60);
+              60);
     clickAt(100, 56 + 40); // row 0
     EXPECT_TRUE(q->waitForLog(QStringLiteral("playlist row chosen 0")).hasMatch()) << q->log().toStdString();
     clickAt(100, 56 + 200); // below the last row
@@ -177,8 +183,8 @@ TEST_F(SkinTest, ListOverTheVideoShowsAndTakesClicks)
 // size saved at exit is one the screen can hold.
 TEST_F(SkinTest, StoredGeometryIsKeptOnTheScreen)
 {
-    setConfigLine(8, "-1 "); // remember the position
-    setConfigLine(9, "-1 "); // remember the size
+    setConfigLine(8, "-1 ");      // remember the position
+    setConfigLine(9, "-1 ");      // remember the size
     setConfigLine(41, " 90000 "); // 6000 pixels right
     setConfigLine(42, " 90000 ");
     setConfigLine(43, " 2000000000 ");
@@ -214,9 +220,9 @@ TEST_F(SkinTest, PicturesForReview)
         ASSERT_TRUE(q->waitForExit());
     }
     setConfigLine(45, " 1 ");
-    setConfigLine(9, "-1 ");           // remember the size
-    setConfigLine(43, " 12000 ");      // 800 pixels
-    setConfigLine(44, " 9000 ");       // 600 pixels
+    setConfigLine(9, "-1 ");      // remember the size
+    setConfigLine(43, " 12000 "); // 800 pixels
+    setConfigLine(44, " 9000 ");  // 600 pixels
     auto q = launchInstance({file});
     ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]")).hasMatch());
     EXPECT_EQ(windowSize(), QSize(800, 600));

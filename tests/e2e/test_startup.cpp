@@ -5,8 +5,8 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QRegularExpression>
-#include <QUrl>
 #include <QThread>
+#include <QUrl>
 #include <csignal>
 
 using namespace quorvel::test;
@@ -65,7 +65,7 @@ TEST_F(E2eTest, PlaysAFileGivenOnTheCommandLine)
     QProcess xdotool;
     xdotool.setProcessEnvironment(x().environment());
     xdotool.start(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--name"),
-                                             QStringLiteral("^Quorvel - \\(.*my clip\\.mp4\\)$")});
+                                              QStringLiteral("^Quorvel - \\(.*my clip\\.mp4\\)$")});
     xdotool.waitForFinished(10000);
     EXPECT_FALSE(xdotool.readAll().trimmed().isEmpty()) << "no window titled with the caption";
 
@@ -118,7 +118,8 @@ TEST_F(E2eTest, LaterStartsHandTheirFilesOverWithoutPlayingThem)
     auto text = launch({m_box.path(QStringLiteral("notes.txt"))});
     ASSERT_TRUE(text->waitForExit());
     EXPECT_EQ(text->exitCode(), 0);
-    EXPECT_TRUE(running->waitForLog(QStringLiteral("message shown:.*notes\\.txt")).hasMatch()) << running->log().toStdString();
+    EXPECT_TRUE(running->waitForLog(QStringLiteral("message shown:.*notes\\.txt")).hasMatch())
+        << running->log().toStdString();
     EXPECT_EQ(countOf(running->log(), QStringLiteral("hand-off received")), 4);
 }
 
@@ -212,8 +213,7 @@ TEST_F(E2eTest, StartsAtTheSameMomentMakeOneWindowWithEveryFileInTurnOrder)
     }
     auto shell = std::make_unique<QuorvelProcess>(m_box, x().display());
     shell->startShell(script + QStringLiteral("wait"));
-    ASSERT_TRUE(waitForCount(*shell, QStringLiteral("sender exit "), kStarts - 1))
-        << shell->log().toStdString();
+    ASSERT_TRUE(waitForCount(*shell, QStringLiteral("sender exit "), kStarts - 1)) << shell->log().toStdString();
     ASSERT_TRUE(waitForCount(*shell, QStringLiteral("\" as entry"), kStarts)) << shell->log().toStdString();
     const QString log = shell->log();
     EXPECT_EQ(countOf(log, QStringLiteral("running instance ready")), 1) << log.toStdString();
@@ -240,8 +240,8 @@ TEST_F(E2eTest, EachArgumentIsOneFileTakenAgainstTheCallersFolder)
 {
     QDir().mkpath(m_box.path(QStringLiteral("a")));
     QDir().mkpath(m_box.path(QStringLiteral("b")));
-    const QStringList names { QStringLiteral("a/t1.mp4"), QStringLiteral("a/say \"hi\".mp4"),
-        QStringLiteral("b/-lead #2 x.mp4"), QStringLiteral("b/uri file.mp4") };
+    const QStringList names{QStringLiteral("a/t1.mp4"), QStringLiteral("a/say \"hi\".mp4"),
+                            QStringLiteral("b/-lead #2 x.mp4"), QStringLiteral("b/uri file.mp4")};
     for (const QString &n : names)
         copyOf(clip(), n);
 
@@ -249,19 +249,17 @@ TEST_F(E2eTest, EachArgumentIsOneFileTakenAgainstTheCallersFolder)
     // first plays, and a missing one says so.
     auto running = std::make_unique<QuorvelProcess>(m_box, x().display());
     running->setWorkingDirectory(m_box.path(QStringLiteral("a")));
-    running->start(
-        { QStringLiteral("t1.mp4"), QStringLiteral("say \"hi\".mp4"), QStringLiteral("gone.mp4") });
-    ASSERT_TRUE(running->waitForLog(QStringLiteral("started .*a/t1\\.mp4")).hasMatch())
-        << running->log().toStdString();
+    running->start({QStringLiteral("t1.mp4"), QStringLiteral("say \"hi\".mp4"), QStringLiteral("gone.mp4")});
+    ASSERT_TRUE(running->waitForLog(QStringLiteral("started .*a/t1\\.mp4")).hasMatch()) << running->log().toStdString();
     EXPECT_TRUE(running->waitForLog(QStringLiteral("message shown:.*a/gone\\.mp4")).hasMatch())
         << running->log().toStdString();
     // A later start in another folder hands its relative names over in one
     // message; the same file named another way is one entry.
     auto sender = std::make_unique<QuorvelProcess>(m_box, x().display());
     sender->setWorkingDirectory(m_box.path(QStringLiteral("b")));
-    sender->start({ QStringLiteral("-lead #2 x.mp4"), QStringLiteral("../a/t1.mp4"),
-        QUrl::fromLocalFile(m_box.path(QStringLiteral("b/uri file.mp4"))).toString(),
-        QStringLiteral("*Add") });
+    sender->start({QStringLiteral("-lead #2 x.mp4"), QStringLiteral("../a/t1.mp4"),
+                   QUrl::fromLocalFile(m_box.path(QStringLiteral("b/uri file.mp4"))).toString(),
+                   QStringLiteral("*Add")});
     ASSERT_TRUE(sender->waitForExit());
     EXPECT_EQ(sender->exitCode(), 0) << sender->log().toStdString();
     EXPECT_TRUE(waitForCount(*running, QStringLiteral("\" as entry"), 4));
@@ -289,14 +287,12 @@ TEST_F(E2eTest, AHungInstanceIsReportedNeitherWaitedForNorDoubled)
     auto sender = launch({file});
     ASSERT_TRUE(sender->waitForExit(60000));
     EXPECT_EQ(sender->exitCode(), 1);
-    EXPECT_TRUE(
-        sender->log().contains(QStringLiteral("does not answer; these files were not added: \"") + file))
+    EXPECT_TRUE(sender->log().contains(QStringLiteral("does not answer; these files were not added: \"") + file))
         << sender->log().toStdString();
     auto plain = launch({});
     ASSERT_TRUE(plain->waitForExit(60000));
     EXPECT_EQ(plain->exitCode(), 1);
-    EXPECT_TRUE(plain->log().contains(QStringLiteral("no second window was opened")))
-        << plain->log().toStdString();
+    EXPECT_TRUE(plain->log().contains(QStringLiteral("no second window was opened"))) << plain->log().toStdString();
     EXPECT_FALSE(plain->log().contains(QStringLiteral("running instance ready")));
 
     // Woken up, the instance serves the next start as before.
@@ -315,8 +311,7 @@ TEST_F(E2eTest, VideoShowsOnAWaylandSession)
     q->setEnv(QStringLiteral("WAYLAND_DISPLAY"), m_box.path(QStringLiteral("runtime/wayland-gone")));
     q->setEnv(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
     q->start({file});
-    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch())
-        << q->log().toStdString();
+    ASSERT_TRUE(q->waitForLog(QStringLiteral("tick state=3 time=[1-9]\\d{2,}")).hasMatch()) << q->log().toStdString();
     // Qt went to X11 straight away instead of trying the Wayland display first.
     EXPECT_FALSE(q->log().contains(QStringLiteral("\"wayland\""))) << q->log().toStdString();
     EXPECT_TRUE(q->log().contains(QStringLiteral("running instance ready, process"))

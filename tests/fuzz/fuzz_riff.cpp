@@ -99,10 +99,11 @@ std::vector<size_t> itemOffsets(const uint8_t *data, size_t size)
 // One damage of the kinds a broken download or a bad muxer leaves.
 size_t damage(uint8_t *data, size_t size, size_t maxSize, std::mt19937 &random)
 {
-    static const quint32 interesting[] = {0, 1, 2, 3, 4, 7, 8, 0x7F, 0x80, 0xFF, 0x7FFF, 0xFFFF, 0x7FFFFFFF,
-                                          0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
-    static const char *const ids[] = {"LIST", "RIFF", "strh", "strf", "00wb", "01wb", "02wb", "99wb",
-                                      "x1wb", "movi", "auds", "idx1"};
+    static const quint32 interesting[] = {0,          1,          2,          3,          4,         7,
+                                          8,          0x7F,       0x80,       0xFF,       0x7FFF,    0xFFFF,
+                                          0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
+    static const char *const ids[] = {"LIST", "RIFF", "strh", "strf", "00wb", "01wb",
+                                      "02wb", "99wb", "x1wb", "movi", "auds", "idx1"};
     const auto pick = [&random](size_t n) { return n ? size_t(random() % n) : 0; };
     if (size == 0)
         return 0;

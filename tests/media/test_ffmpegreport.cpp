@@ -11,7 +11,8 @@ namespace {
 MediaTables tables()
 {
     MediaTables t;
-    t.audioCodecMap = ParseMapText(u"mp3, MPEG Layer 3\naac, AAC\nwmapro, Windows Media Audio Professional v9\n42, numbers never match\nno comma here\n"_qs);
+    t.audioCodecMap = ParseMapText(
+        u"mp3, MPEG Layer 3\naac, AAC\nwmapro, Windows Media Audio Professional v9\n42, numbers never match\nno comma here\n"_qs);
     t.videoCodecMap = ParseMapText(u"h264 , H.264\n"_qs);
     return t;
 }
@@ -20,7 +21,12 @@ MediaTables tables()
 QString figures(const StreamEntry &e)
 {
     if (e.isVideo())
-        return u"V %1x%2 %3fps %4kb %5 %6"_qs.arg(e.Width).arg(e.Height).arg(e.FPS).arg(e.BitRate).arg(e.Compression).arg(e.DisplayAR, 0, 'f', 3);
+        return u"V %1x%2 %3fps %4kb %5 %6"_qs.arg(e.Width)
+            .arg(e.Height)
+            .arg(e.FPS)
+            .arg(e.BitRate)
+            .arg(e.Compression)
+            .arg(e.DisplayAR, 0, 'f', 3);
     return u"A%1 %2Hz %3ch %4kb %5"_qs.arg(e.Index).arg(e.SampleRate).arg(e.Channels).arg(e.BitRate).arg(e.Compression);
 }
 
@@ -68,9 +74,10 @@ TEST(FfmpegReport, ReadsBothFormats)
                                            u"A2 48000Hz 6ch 448kb ac3"_qs}));
 
     // Cover art: remembered as a picture only.
-    const ReportParse song = parse(u"Input #0, mp3, from 'file:/m/song.mp3':\n  Duration: 00:00:02.04, start: 0.025056\n"
-                                   "  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"
-                                   "  Stream #0:1: Video: png, rgb24(pc), 120x90 [SAR 1:1 DAR 4:3], 90k tbr, 90k tbn (attached pic)\n"_qs);
+    const ReportParse song = parse(
+        u"Input #0, mp3, from 'file:/m/song.mp3':\n  Duration: 00:00:02.04, start: 0.025056\n"
+        "  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"
+        "  Stream #0:1: Video: png, rgb24(pc), 120x90 [SAR 1:1 DAR 4:3], 90k tbr, 90k tbn (attached pic)\n"_qs);
     EXPECT_EQ(streams(song), QStringList{u"A0 44100Hz 2ch 128kb MPEG Layer 3"_qs});
     EXPECT_EQ(song.coverSize, QSize(120, 90));
 }
@@ -114,13 +121,19 @@ TEST(FfmpegReport, RefusalsAndRefusedAudio)
         {u"x"_qs, u"Input #0\n  Duration: N/A, start: 0.000000\n"_qs, kIncompleteFile},
         {u"x"_qs, u"Input #0\n[mov] could not find codec parameters\n"_qs, kUnsupportedFormat},
         // The file's name never changes the verdict, whatever words it holds.
-        {u"/Inputs/Input #0.mp4"_qs, u"ffmpeg -i file:/Inputs/Input #0.mp4\r\nfile:/Inputs/Input #0.mp4: Invalid data found when processing input\n"_qs, kUnsupportedFormat},
-        {u"/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4"_qs, u"ffmpeg -i file:/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4\r\nfile:/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4: Invalid data found when processing input\n"_qs, kUnsupportedFormat},
+        {u"/Inputs/Input #0.mp4"_qs,
+         u"ffmpeg -i file:/Inputs/Input #0.mp4\r\nfile:/Inputs/Input #0.mp4: Invalid data found when processing input\n"_qs,
+         kUnsupportedFormat},
+        {u"/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4"_qs,
+         u"ffmpeg -i file:/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4\r\nfile:/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4: Invalid data found when processing input\n"_qs,
+         kUnsupportedFormat},
         // Figures that are no numbers.
         {u"x"_qs, u"Input #0\n  Stream #0:0: Audio: mp3, many Hz, stereo\n"_qs, kUnsupportedFormat},
         {u"x"_qs, u"Input #0\n  Stream #0:0: Audio: mp3, 44100 Hz, x:1\n"_qs, kUnsupportedFormat},
         {u"x"_qs, u"Input #0\n  Stream #0:0: Audio: mp3, 44100 Hz, surround\n"_qs, kUnsupportedFormat},
-        {u"/m/Unknown format.mp3"_qs, u"ffmpeg -i file:/m/Unknown format.mp3\nInput #0, mp3, from 'file:/m/Unknown format.mp3':\n  Duration: 00:00:02.00, start: 0\n  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"_qs, {}},
+        {u"/m/Unknown format.mp3"_qs,
+         u"ffmpeg -i file:/m/Unknown format.mp3\nInput #0, mp3, from 'file:/m/Unknown format.mp3':\n  Duration: 00:00:02.00, start: 0\n  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"_qs,
+         {}},
     };
     for (const auto &c : cases) {
         const ReportParse r = parse(c.report, c.name);
@@ -128,21 +141,29 @@ TEST(FfmpegReport, RefusalsAndRefusedAudio)
         EXPECT_EQ(r.reason, c.reason) << c.name.toStdString();
     }
     // A refused codec drops its stream with a message; the file goes on.
-    const ReportParse r = parse(u"Input #0\n  Duration: 00:00:02.00, start: 0\n    Stream #0:1: Audio: wmapro, 44100 Hz, stereo, 128 kb/s\n"_qs, u"/a.wma"_qs);
+    const ReportParse r = parse(
+        u"Input #0\n  Duration: 00:00:02.00, start: 0\n    Stream #0:1: Audio: wmapro, 44100 Hz, stereo, 128 kb/s\n"_qs,
+        u"/a.wma"_qs);
     EXPECT_TRUE(r.ok);
     EXPECT_EQ(r.source.StreamCount(), 0);
-    EXPECT_EQ(r.notices, QStringList{u"The audio format Windows Media Audio Professional v9 in file /a.wma is currently unsupported. It will not be added to the project."_qs});
+    EXPECT_EQ(
+        r.notices,
+        QStringList{
+            u"The audio format Windows Media Audio Professional v9 in file /a.wma is currently unsupported. It will not be added to the project."_qs});
     EXPECT_TRUE(IsUnsupportedAudio(u"something / 0x1234"_qs));
 }
 
 TEST(FfmpegReport, HelpersAndTheKeptReport)
 {
-    const std::pair<const char *, float> durations[] = {{"00:01:23.45", 83.4f}, {"N/A", 0}, {"02:00:00.00", 7200}, {"garbage", 0}};
+    const std::pair<const char *, float> durations[] = {
+        {"00:01:23.45", 83.4f}, {"N/A", 0}, {"02:00:00.00", 7200}, {"garbage", 0}};
     for (const auto &[text, seconds] : durations)
         EXPECT_FLOAT_EQ(ParseDuration(QString::fromLatin1(text)), seconds) << text;
-    EXPECT_EQ(SplitStreamFields(u"h264 (High), yuv420p(tv, bt709), 320x240 [SAR 1:1 DAR 4:3], 25 fps"_qs),
-              (QStringList{u"h264 (High)"_qs, u"yuv420p(tv, bt709)"_qs, u"320x240 [SAR 1:1 DAR 4:3]"_qs, u"25 fps"_qs}));
-    const MpgtxDetails d = ParseMpgtxReport(u"  Aspect ratio 16/9 (TV)\n  Interlaced, chroma\n  Size [720 x 576]     25.00 fps    9.80 Mbps\n"_qs);
+    EXPECT_EQ(
+        SplitStreamFields(u"h264 (High), yuv420p(tv, bt709), 320x240 [SAR 1:1 DAR 4:3], 25 fps"_qs),
+        (QStringList{u"h264 (High)"_qs, u"yuv420p(tv, bt709)"_qs, u"320x240 [SAR 1:1 DAR 4:3]"_qs, u"25 fps"_qs}));
+    const MpgtxDetails d = ParseMpgtxReport(
+        u"  Aspect ratio 16/9 (TV)\n  Interlaced, chroma\n  Size [720 x 576]     25.00 fps    9.80 Mbps\n"_qs);
     EXPECT_FLOAT_EQ(d.aspectRatio, 16.0f / 9.0f);
     EXPECT_FLOAT_EQ(d.fps, 25);
     EXPECT_TRUE(d.interlaced);
@@ -175,7 +196,8 @@ TEST(FfmpegReport, HelpersAndTheKeptReport)
                               "DIsplay AR  : Panavision (2.21:1)\r\nBitRate     : 900 Kbit\\s\r\n"
                               "Stream 1 (Audio)\r\nChannels    : 2\r\nSamplerate  : 44100 Hz\r\n"
                               "Compression : MP3\r\nBitRate     : 128 Kbit\\s"_qs);
-    const std::pair<float, const char *> aspects[] = {{16.0f / 9.0f, "Widescreen (16:9)"}, {1, "1:1"}, {1.85f, "1.85:1"}};
+    const std::pair<float, const char *> aspects[] = {
+        {16.0f / 9.0f, "Widescreen (16:9)"}, {1, "1:1"}, {1.85f, "1.85:1"}};
     for (const auto &[ratio, name] : aspects)
         EXPECT_EQ(GetAspectName(ratio), QString::fromLatin1(name));
 }

@@ -25,8 +25,9 @@ using namespace quorvel;
 
 namespace {
 
-const QStringList kAV = {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=176x144:rate=25:duration=2"_qs,
-                         u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=330:sample_rate=44100:duration=2"_qs, u"-shortest"_qs};
+const QStringList kAV = {u"-f"_qs,       u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=176x144:rate=25:duration=2"_qs,
+                         u"-f"_qs,       u"lavfi"_qs, u"-i"_qs, u"sine=frequency=330:sample_rate=44100:duration=2"_qs,
+                         u"-shortest"_qs};
 const QStringList kA = kAV.mid(4, 4);
 
 struct Sample {
@@ -37,18 +38,23 @@ struct Sample {
 const QList<Sample> &samples()
 {
     static const QList<Sample> s{
-        {u"probe-h264-aac.mp4"_qs, kAV + QStringList{u"-c:v"_qs, u"libx264"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs, u"-c:a"_qs, u"aac"_qs}},
-        {u"probe-vp9-opus.mkv"_qs, kAV + QStringList{u"-c:v"_qs, u"libvpx-vp9"_qs, u"-deadline"_qs, u"realtime"_qs, u"-cpu-used"_qs, u"8"_qs, u"-c:a"_qs, u"libopus"_qs}},
+        {u"probe-h264-aac.mp4"_qs,
+         kAV + QStringList{u"-c:v"_qs, u"libx264"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs, u"-c:a"_qs, u"aac"_qs}},
+        {u"probe-vp9-opus.mkv"_qs, kAV
+                                       + QStringList{u"-c:v"_qs, u"libvpx-vp9"_qs, u"-deadline"_qs, u"realtime"_qs,
+                                                     u"-cpu-used"_qs, u"8"_qs, u"-c:a"_qs, u"libopus"_qs}},
         {u"probe-mpeg4-mp3.avi"_qs, kAV + QStringList{u"-c:v"_qs, u"mpeg4"_qs, u"-c:a"_qs, u"libmp3lame"_qs}},
-        {u"probe-mpeg4-ac3.avi"_qs, kAV + QStringList{u"-c:v"_qs, u"mpeg4"_qs, u"-c:a"_qs, u"ac3"_qs, u"-ac"_qs, u"6"_qs}},
+        {u"probe-mpeg4-ac3.avi"_qs,
+         kAV + QStringList{u"-c:v"_qs, u"mpeg4"_qs, u"-c:a"_qs, u"ac3"_qs, u"-ac"_qs, u"6"_qs}},
         {u"probe-mpeg2-mp2.mpg"_qs, kAV + QStringList{u"-c:v"_qs, u"mpeg2video"_qs, u"-c:a"_qs, u"mp2"_qs}},
         {u"probe-pcm.wav"_qs, kA},
         {u"probe-audio.mp3"_qs, kA + QStringList{u"-ac"_qs, u"2"_qs}},
         {u"probe-five.flac"_qs, kA + QStringList{u"-af"_qs, u"aformat=channel_layouts=5.0"_qs}},
         // Cover art, which ffmpeg shows as a video stream.
-        {u"probe-cover.mp3"_qs, QStringList{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=120x90:rate=1:duration=1"_qs} + kA
-             + QStringList{u"-map"_qs, u"1:a"_qs, u"-map"_qs, u"0:v"_qs, u"-frames:v"_qs, u"1"_qs, u"-c:v"_qs, u"png"_qs,
-                           u"-disposition:v"_qs, u"attached_pic"_qs, u"-ac"_qs, u"2"_qs}},
+        {u"probe-cover.mp3"_qs,
+         QStringList{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=120x90:rate=1:duration=1"_qs} + kA
+             + QStringList{u"-map"_qs, u"1:a"_qs, u"-map"_qs, u"0:v"_qs, u"-frames:v"_qs, u"1"_qs, u"-c:v"_qs,
+                           u"png"_qs, u"-disposition:v"_qs, u"attached_pic"_qs, u"-ac"_qs, u"2"_qs}},
     };
     return s;
 }
@@ -61,7 +67,8 @@ QString sample(int i)
 QJsonObject ffprobe(const QString &path)
 {
     QProcess p;
-    p.start(u"ffprobe"_qs, {u"-v"_qs, u"error"_qs, u"-of"_qs, u"json"_qs, u"-show_streams"_qs, u"-show_format"_qs, path});
+    p.start(u"ffprobe"_qs,
+            {u"-v"_qs, u"error"_qs, u"-of"_qs, u"json"_qs, u"-show_streams"_qs, u"-show_format"_qs, path});
     p.waitForFinished(60000);
     return QJsonDocument::fromJson(p.readAllStandardOutput()).object();
 }
@@ -119,12 +126,15 @@ TEST(Probe, BothWaysAgreeWithFfprobeAndWithEachOther)
                 if (st[u"disposition"_qs][u"attached_pic"_qs].toInt() == 1)
                     continue; // cover art, not a video
                 if (st[u"codec_type"_qs] == u"video"_qs)
-                    want << u"%1x%2 %3"_qs.arg(st[u"width"_qs].toInt()).arg(st[u"height"_qs].toInt()).arg(rate(st[u"avg_frame_rate"_qs].toString()), 0, 'f', 1);
+                    want << u"%1x%2 %3"_qs.arg(st[u"width"_qs].toInt())
+                                .arg(st[u"height"_qs].toInt())
+                                .arg(rate(st[u"avg_frame_rate"_qs].toString()), 0, 'f', 1);
                 else
                     want << u"%1 Hz %2 ch"_qs.arg(st[u"sample_rate"_qs].toString()).arg(st[u"channels"_qs].toInt());
             }
             for (const StreamEntry &e : src.Streams)
-                got << (e.isVideo() ? u"%1x%2 %3"_qs.arg(e.Width).arg(e.Height).arg(e.FPS, 0, 'f', 1) : u"%1 Hz %2 ch"_qs.arg(e.SampleRate).arg(e.Channels));
+                got << (e.isVideo() ? u"%1x%2 %3"_qs.arg(e.Width).arg(e.Height).arg(e.FPS, 0, 'f', 1)
+                                    : u"%1 Hz %2 ch"_qs.arg(e.SampleRate).arg(e.Channels));
             EXPECT_EQ(got, want);
             // A constant byte rate lets the AVI delays be read.
             EXPECT_EQ(src.IsAVI, s.name.endsWith(u"ac3.avi"_qs));
@@ -133,11 +143,13 @@ TEST(Probe, BothWaysAgreeWithFfprobeAndWithEachOther)
             EXPECT_TRUE(results.last().notices.isEmpty()) << results.last().notices.join(u'|').toStdString();
             EXPECT_TRUE(results.last().mediaInfo.startsWith(u"Stream information of "_qs + path));
             // A video's own frame; a sound's cover art, or else the default picture.
-            const bool video = std::any_of(src.Streams.begin(), src.Streams.end(), [](const StreamEntry &e) { return e.isVideo(); });
+            const bool video = std::any_of(src.Streams.begin(), src.Streams.end(),
+                                           [](const StreamEntry &e) { return e.isVideo(); });
             const QSize size = s.name.contains(u"cover"_qs) ? FfmpegProbe::ThumbnailSize(120, 90)
                                : video                      ? FfmpegProbe::ThumbnailSize(176, 144)
                                                             : QSize();
-            EXPECT_TRUE(size.isValid() ? results.last().thumb.size() == size : results.last().thumb == tables.defaultAudioThumb);
+            EXPECT_TRUE(size.isValid() ? results.last().thumb.size() == size
+                                       : results.last().thumb == tables.defaultAudioThumb);
         }
         EXPECT_EQ(results[1].mediaInfo, results[0].mediaInfo);
         // The tool's frame went through JPEG; a frame from another moment of
@@ -158,7 +170,8 @@ TEST(Probe, MpegFilesGetMpgtxDetailsOrKeepFfmpegsFigures)
     const QString path = test::makeMedia(
         u"probe-mpeg2-4x3.mpg"_qs,
         QStringList{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=320x240:rate=25:duration=2"_qs} + kA
-            + QStringList{u"-c:v"_qs, u"mpeg2video"_qs, u"-aspect"_qs, u"4:3"_qs, u"-c:a"_qs, u"mp2"_qs, u"-shortest"_qs});
+            + QStringList{u"-c:v"_qs, u"mpeg2video"_qs, u"-aspect"_qs, u"4:3"_qs, u"-c:a"_qs, u"mp2"_qs,
+                          u"-shortest"_qs});
     for (const ProbeEngine engine : kEngines) {
         clsSource src;
         ProbeResult result;
@@ -247,7 +260,8 @@ TEST(Probe, OddPathsAndParallelProbesKeepTheirOwnReports)
 {
     QTemporaryDir dir;
     QStringList paths;
-    for (const QString &name : {u"-dash first.mp4"_qs, u"with \"quotes\", commas.mp4"_qs, u"file:x ünï.mp4"_qs, u"$(touch pwned).mp4"_qs}) {
+    for (const QString &name :
+         {u"-dash first.mp4"_qs, u"with \"quotes\", commas.mp4"_qs, u"file:x ünï.mp4"_qs, u"$(touch pwned).mp4"_qs}) {
         paths << dir.filePath(name);
         ASSERT_TRUE(QFile::copy(sample(0), paths.last()));
     }
@@ -262,7 +276,8 @@ TEST(Probe, OddPathsAndParallelProbesKeepTheirOwnReports)
         QStringList alone;
         for (const QString &p : paths)
             alone << probe.probe(p).mediaInfo;
-        const QList<ProbeResult> results = QtConcurrent::blockingMapped(many, [&probe](const QString &p) { return probe.probe(p); });
+        const QList<ProbeResult> results = QtConcurrent::blockingMapped(
+            many, [&probe](const QString &p) { return probe.probe(p); });
         for (int i = 0; i < many.size(); ++i) {
             EXPECT_TRUE(results[i].ok) << many[i].toStdString() << " " << results[i].error.toStdString();
             EXPECT_FALSE(results[i].thumb.isNull()) << many[i].toStdString();

@@ -34,7 +34,10 @@ TEST(ProcessRunner, CopiesEveryByteInOrderAfterTheCommandLine)
         QByteArray printed;
     } cases[] = {
         // Far more than one read or one pipe buffer, then stderr: both streams, in order.
-        {sh, {u"-c"_qs, u"i=0; while [ $i -lt 20000 ]; do echo line$i; i=$((i+1)); done; echo to-stderr >&2; printf 'end'"_qs}, lines + "to-stderr\nend"},
+        {sh,
+         {u"-c"_qs,
+          u"i=0; while [ $i -lt 20000 ]; do echo line$i; i=$((i+1)); done; echo to-stderr >&2; printf 'end'"_qs},
+         lines + "to-stderr\nend"},
         // A burst just before the tool ends is kept.
         {sh, {u"-c"_qs, u"sleep 0.2; head -c 100000 /dev/zero | tr '\\0' 'z'"_qs}, QByteArray(100000, 'z')},
         // Nothing printed: the old content of the file is gone.
@@ -44,7 +47,8 @@ TEST(ProcessRunner, CopiesEveryByteInOrderAfterTheCommandLine)
     };
     for (const auto &c : cases) {
         ASSERT_TRUE(RunPiped(c.program, c.args, out));
-        EXPECT_EQ(readAll(out), CommandLineText(c.program, c.args).toUtf8() + "\r\n" + c.printed) << c.args.join(u' ').left(60).toStdString();
+        EXPECT_EQ(readAll(out), CommandLineText(c.program, c.args).toUtf8() + "\r\n" + c.printed)
+            << c.args.join(u' ').left(60).toStdString();
     }
     EXPECT_FALSE(QFile::exists(marker));
     // The working folder is the one asked for.
@@ -64,9 +68,11 @@ TEST(ProcessRunner, NumberedErrorsAndShellExecuteWait)
         }
         return {0, {}};
     };
-    EXPECT_EQ(errorOf(dir.filePath(u"no-such-tool"_qs), out), std::pair(kProcessError, u"Could not create piped process. "_qs));
+    EXPECT_EQ(errorOf(dir.filePath(u"no-such-tool"_qs), out),
+              std::pair(kProcessError, u"Could not create piped process. "_qs));
     EXPECT_FALSE(QFile::exists(out)) << "no output file when the tool never ran";
-    EXPECT_EQ(errorOf(ToolPath(u"true"_qs), dir.filePath(u"missing-folder/out.txt"_qs)), std::pair(kPipeError, u"Could not create pipe "_qs));
+    EXPECT_EQ(errorOf(ToolPath(u"true"_qs), dir.filePath(u"missing-folder/out.txt"_qs)),
+              std::pair(kPipeError, u"Could not create pipe "_qs));
 
     const QString made = dir.filePath(u"made by tool"_qs);
     EXPECT_TRUE(ShellExecuteWait(ToolPath(u"touch"_qs), {made}));

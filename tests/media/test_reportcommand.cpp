@@ -59,6 +59,6 @@ TEST(ReportCommand, PrintsTheKeptReportOrTheRefusal)
     const ToolRun refused = report(text);
     EXPECT_EQ(refused.code, 1);
     EXPECT_TRUE(refused.out.isEmpty());
-    EXPECT_TRUE(refused.err.contains(u"Unsupported file format or the file is corrupted."_qs)) << refused.err.toStdString();
-
+    EXPECT_TRUE(refused.err.contains(u"Unsupported file format or the file is corrupted."_qs))
+        << refused.err.toStdString();
 }

@@ -58,10 +58,14 @@ TEST(RiffParser, WalksEveryChunkOfAnAviFromFfmpeg)
     // Every non-empty data chunk is a packet ffmpeg reads back (the empty
     // ones stand for frames the muxer held back).
     QString out;
-    ASSERT_EQ(runTool(u"ffprobe"_qs, {u"-v"_qs, u"error"_qs, u"-count_packets"_qs, u"-show_entries"_qs,
-                                      u"stream=nb_read_packets"_qs, u"-of"_qs, u"csv=p=0"_qs, path}, &out), 0);
+    ASSERT_EQ(runTool(u"ffprobe"_qs,
+                      {u"-v"_qs, u"error"_qs, u"-count_packets"_qs, u"-show_entries"_qs, u"stream=nb_read_packets"_qs,
+                       u"-of"_qs, u"csv=p=0"_qs, path},
+                      &out),
+              0);
     const auto data = [&items](const QString &id) {
-        return std::count_if(items.begin(), items.end(), [&id](const QString &i) { return i.startsWith(id) && i != id + u'0'; });
+        return std::count_if(items.begin(), items.end(),
+                             [&id](const QString &i) { return i.startsWith(id) && i != id + u'0'; });
     };
     EXPECT_EQ(u"%1\n%2"_qs.arg(data(u"00dc:"_qs)).arg(data(u"01wb:"_qs)), out.trimmed());
 }

@@ -23,8 +23,16 @@ public:
     QStringList calls;
 
 public slots:
-    QString CanReboot() { calls << QStringLiteral("CanReboot"); return answer; }
-    QString CanPowerOff() { calls << QStringLiteral("CanPowerOff"); return answer; }
+    QString CanReboot()
+    {
+        calls << QStringLiteral("CanReboot");
+        return answer;
+    }
+    QString CanPowerOff()
+    {
+        calls << QStringLiteral("CanPowerOff");
+        return answer;
+    }
     void Reboot(bool interactive) { calls << QStringLiteral("Reboot(%1)").arg(interactive ? "true" : "false"); }
     void PowerOff(bool interactive) { calls << QStringLiteral("PowerOff(%1)").arg(interactive ? "true" : "false"); }
 };
@@ -88,7 +96,11 @@ TEST(LogindPower, AsksFirstThenRequestsWithoutPromptOnAPrivateBus)
     ASSERT_TRUE(serviceSide.registerService(QStringLiteral("org.freedesktop.login1")));
 
     // A refusal ("challenge" would need a password prompt) stops at the question.
-    const struct { bool reboot; const char *answer; QStringList calls; } cases[] = {
+    const struct {
+        bool reboot;
+        const char *answer;
+        QStringList calls;
+    } cases[] = {
         {true, "yes", {"CanReboot", "Reboot(false)"}},
         {false, "yes", {"CanPowerOff", "PowerOff(false)"}},
         {false, "no", {"CanPowerOff"}},

@@ -11,7 +11,10 @@ TEST(Monitor, EndsOnRoundedSecondsButNeverOnAnUnknownLength)
     EXPECT_EQ(FormatTime(360000), u"100:00:00"_qs); // hours are not wrapped
     // 61.4 s shows as 00:01:01 and ends at 60.6 s elapsed; a length that
     // rounds to 0 is left to the engine's end state.
-    const struct { int time, length; bool ended; } cases[] = {
+    const struct {
+        int time, length;
+        bool ended;
+    } cases[] = {
         {60400, 61400, false}, {60600, 61400, true}, {61400, 61400, true}, {0, 0, false}, {300, 400, false},
     };
     for (const auto &c : cases)

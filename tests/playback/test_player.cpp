@@ -104,7 +104,10 @@ TEST_F(PlayerFixture, CaptionFollowsTheTitleModeAndFullScreenComesAfterTheStart)
 TEST(EngineOptions, FollowTheSettings)
 {
     Settings s;
-    const struct { int png, preview, saver; const char *format, *previewOpt, *saverOpt; } cases[] = {
+    const struct {
+        int png, preview, saver;
+        const char *format, *previewOpt, *saverOpt;
+    } cases[] = {
         {0, 1, 0, "snapshot-format=JPG", "snapshot-preview", "no-disable-screensaver"},
         {-1, 0, -1, "snapshot-format=PNG", "no-snapshot-preview", "disable-screensaver"},
     };

@@ -1,7 +1,7 @@
 #include "playback/playsequence.h"
 
-#include <QSet>
 #include <QRandomGenerator>
+#include <QSet>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
@@ -67,7 +67,7 @@ TEST(PlaySequence, EndOfItemRules)
         EndOfItem::Kind kind;
         int index;
     } cases[] = {
-        {PlayContinuous, RepeatAllItems, 0, 1, file, EndOfItem::Nothing, -1}, // no engine item
+        {PlayContinuous, RepeatAllItems, 0, 1, file, EndOfItem::Nothing, -1},       // no engine item
         {PlayContinuous, RepeatAllItems, 1, 1, u"D:\\"_qs, EndOfItem::Nothing, -1}, // a drive root
         {PlayNormal, RepeatSingleItem, 1, 1, file, EndOfItem::Replay, -1},
         {PlayShuffle, RepeatSingleItem, 1, 1, file, EndOfItem::Replay, -1},

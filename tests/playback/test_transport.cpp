@@ -29,7 +29,11 @@ struct RecordingView final : TransportView {
     QList<bool> opened;
     int closes = 0, repaints = 0;
     void setTimeText(const QString &t) override { time = t; }
-    void setRateText(const QString &t, bool v) override { rate = t; rateVisible = v; }
+    void setRateText(const QString &t, bool v) override
+    {
+        rate = t;
+        rateVisible = v;
+    }
     void setProgressPercent(int) override {}
     void openFiles(bool append) override { opened << append; }
     void togglePlaylist() override {}
@@ -325,7 +329,7 @@ TEST_F(TransportFixture, FilesTheEngineCannotOpenAreSkippedLikeDeletedOnesAndThe
     EXPECT_EQ(playingIndex(), 1);
     endItem(); // 1 -> 2
     endItem(); // 2 -> 0
-    fail(); // 0 again, not said again -> 1
+    fail();    // 0 again, not said again -> 1
     EXPECT_EQ(playingIndex(), 1);
     fail(); // 1 -> 2
     fail(); // 2 -> 0
@@ -342,8 +346,8 @@ TEST_F(TransportFixture, FilesTheEngineCannotOpenAreSkippedLikeDeletedOnesAndThe
     QFile::remove(paths[1]);
     start(1);
     start(1);
-    EXPECT_EQ(notifier.texts(),
-              (QStringList{cannot(2, damaged), cannot(1, "The file was not found."), cannot(1, "The file was not found.")}));
+    EXPECT_EQ(notifier.texts(), (QStringList{cannot(2, damaged), cannot(1, "The file was not found."),
+                                             cannot(1, "The file was not found.")}));
 }
 
 TEST_F(TransportFixture, WithAnEngineThatCannotStartPlayAndPauseKeepTheStoppedState)

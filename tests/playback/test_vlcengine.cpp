@@ -24,8 +24,8 @@ TEST(VlcEngine, WithoutAControlEverythingIsQuiet)
 
 TEST(VlcEngine, PlaysStopsAndRestartsARealClip)
 {
-    const QString clip = test::makeMedia(
-        u"engine-audio.wav"_qs, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=300:duration=3"_qs});
+    const QString clip = test::makeMedia(u"engine-audio.wav"_qs,
+                                         {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=300:duration=3"_qs});
     ASSERT_FALSE(clip.isEmpty());
     VlcEngine engine(nullptr);
     engine.createControl();
@@ -46,7 +46,8 @@ TEST(VlcEngine, PlaysStopsAndRestartsARealClip)
     ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Playing; }, kAmple));
 
     engine.stop();
-    EXPECT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Stopped || engine.state() == Engine::Idle; }, kAmple));
+    EXPECT_TRUE(
+        test::waitUntil([&] { return engine.state() == Engine::Stopped || engine.state() == Engine::Idle; }, kAmple));
     engine.play(); // from the beginning again
     ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Playing; }, kAmple));
     ASSERT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Ended; }, kAmple));
@@ -73,7 +74,8 @@ TEST(VlcEngine, VideoStartsAgainOnASurfaceThatIsNoX11Window)
         engine.createControl();
         engine.playlistAdd(clip, QString(), {});
         engine.play();
-        ASSERT_TRUE(test::waitUntil([&] { return engine.hasVout() || engine.state() == Engine::Ended; }, kAmple)) << start;
+        ASSERT_TRUE(test::waitUntil([&] { return engine.hasVout() || engine.state() == Engine::Ended; }, kAmple))
+            << start;
         engine.stop();
     }
 }
@@ -84,7 +86,8 @@ TEST(VlcEngine, AFileThatCannotBeOpenedNeverPlays)
     engine.createControl();
     engine.playlistAdd(u"/no/such/file.mp4"_qs, QString(), {});
     engine.play();
-    EXPECT_TRUE(test::waitUntil([&] { return engine.state() == Engine::Error || engine.state() == Engine::Ended; }, kAmple))
+    EXPECT_TRUE(
+        test::waitUntil([&] { return engine.state() == Engine::Error || engine.state() == Engine::Ended; }, kAmple))
         << engine.state();
     EXPECT_EQ(engine.length(), 0);
 }
@@ -94,7 +97,8 @@ TEST(VlcEngine, LocalFilesGoAsPathsAndOnlyExplicitUrisAsLocations)
     const struct {
         QString given, mrl;
     } cases[] = {
-        {u"/media/usb/http://example.com/v \u00e4#.mp4"_qs, u"file:///media/usb/http%3A//example.com/v%20%C3%A4%23.mp4"_qs},
+        {u"/media/usb/http://example.com/v \u00e4#.mp4"_qs,
+         u"file:///media/usb/http%3A//example.com/v%20%C3%A4%23.mp4"_qs},
         {u"/m/say \"hi\".mp4"_qs, u"file:///m/say%20%22hi%22.mp4"_qs},
         {u"dvd:///dev/sr0"_qs, u"dvd:///dev/sr0"_qs},
         {u"http://example.com/v.mp4"_qs, u"http://example.com/v.mp4"_qs},

@@ -90,7 +90,7 @@ TEST(FancyListModel, HitTestAtRowBorders)
 {
     FancyListModel m = ModelWith(3);
     // y, scroll, row: scrolled by 50, y 29 is pixel 79 of the list, y 30 pixel 80
-    const int cases[][3] = {{0, 0, 0},   {79, 0, 0},  {80, 0, 1},   {239, 0, 2}, {240, 0, -1},
+    const int cases[][3] = {{0, 0, 0},   {79, 0, 0},  {80, 0, 1},   {239, 0, 2},  {240, 0, -1},
                             {29, 50, 0}, {30, 50, 1}, {189, 50, 2}, {190, 50, -1}};
     for (auto [y, scroll, row] : cases)
         EXPECT_EQ(m.hitTest(y, scroll), row) << y << " scrolled " << scroll;

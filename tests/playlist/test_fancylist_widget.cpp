@@ -46,8 +46,7 @@ struct ListFixture {
     }
 };
 
-void Press(QWidget &w, QPoint pos, Qt::MouseButton button = Qt::LeftButton,
-           Qt::KeyboardModifiers mods = Qt::NoModifier)
+void Press(QWidget &w, QPoint pos, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers mods = Qt::NoModifier)
 {
     QMouseEvent press(QEvent::MouseButtonPress, pos, w.mapToGlobal(pos), button, button, mods);
     QApplication::sendEvent(&w, &press);
@@ -55,8 +54,7 @@ void Press(QWidget &w, QPoint pos, Qt::MouseButton button = Qt::LeftButton,
 
 void Release(QWidget &w, QPoint pos, Qt::MouseButton button = Qt::LeftButton)
 {
-    QMouseEvent release(QEvent::MouseButtonRelease, pos, w.mapToGlobal(pos), button, Qt::NoButton,
-                        Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, pos, w.mapToGlobal(pos), button, Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(&w, &release);
 }
 
@@ -154,11 +152,11 @@ TEST(FancyList, DrawsRowsSeparatorsSelectionAndFittedThumbnail)
     QImage img = Render(f.list);
     // A 320 x 240 picture in the 64 x 64 box at (8, 8): 64 x 48, 8 pixels down, on black.
     EXPECT_EQ(img.pixelColor(10, 10), QColor(Qt::black));
-    EXPECT_EQ(img.pixelColor(40, 15), QColor(Qt::black));  // above the picture
-    EXPECT_EQ(img.pixelColor(40, 17), QColor(0, 200, 0));  // picture starts at y 16
-    EXPECT_EQ(img.pixelColor(40, 62), QColor(0, 200, 0));  // ends at y 63
-    EXPECT_EQ(img.pixelColor(40, 65), QColor(Qt::black));  // black below
-    EXPECT_EQ(img.pixelColor(4, 40), colours.window);      // padding in the row colour
+    EXPECT_EQ(img.pixelColor(40, 15), QColor(Qt::black)); // above the picture
+    EXPECT_EQ(img.pixelColor(40, 17), QColor(0, 200, 0)); // picture starts at y 16
+    EXPECT_EQ(img.pixelColor(40, 62), QColor(0, 200, 0)); // ends at y 63
+    EXPECT_EQ(img.pixelColor(40, 65), QColor(Qt::black)); // black below
+    EXPECT_EQ(img.pixelColor(4, 40), colours.window);     // padding in the row colour
     // The separator in the row's last pixel row, then the next row.
     EXPECT_EQ(img.pixelColor(150, 79), colours.separator);
     EXPECT_EQ(img.pixelColor(290, 90), colours.window);
@@ -194,8 +192,15 @@ TEST(FancyList, RenderThumbFitsAndCentres)
         QColor colour;
         std::vector<std::pair<QPoint, QColor>> pixels;
     } cases[] = {
-        {{10, 40}, false, Qt::red, {{{33, 40}, Qt::black}, {{35, 40}, Qt::red}, {{48, 40}, Qt::red},
-                                    {{51, 40}, Qt::black}, {{9, 40}, Qt::white}, {{74, 40}, Qt::white}}},
+        {{10, 40},
+         false,
+         Qt::red,
+         {{{33, 40}, Qt::black},
+          {{35, 40}, Qt::red},
+          {{48, 40}, Qt::red},
+          {{51, 40}, Qt::black},
+          {{9, 40}, Qt::white},
+          {{74, 40}, Qt::white}}},
         {{8, 8}, true, Qt::blue, {{{11, 11}, Qt::blue}, {{72, 72}, Qt::blue}, {{76, 76}, Qt::white}}},
     };
     for (const auto &c : cases) {
@@ -290,10 +295,10 @@ TEST(FancyList, KeysMoveTheSelectionLikeClicks)
         int key, selected, scroll, clicks;
     } steps[] = {
         {Qt::Key_Down, 0, 0, 1}, // nothing selected: first row
-        {Qt::Key_Down, 1, 0, 2},   {Qt::Key_Up, 0, 0, 3},
-        {Qt::Key_Up, 0, 0, 3},     // already at the top: no change, no click
+        {Qt::Key_Down, 1, 0, 2},       {Qt::Key_Up, 0, 0, 3},
+        {Qt::Key_Up, 0, 0, 3},        // already at the top: no change, no click
         {Qt::Key_PageDown, 5, 80, 4}, // five rows in a page; row 5 brought into view whole
-        {Qt::Key_End, 19, 1200, 5}, {Qt::Key_PageDown, 19, 1200, 5},
+        {Qt::Key_End, 19, 1200, 5},    {Qt::Key_PageDown, 19, 1200, 5},
         {Qt::Key_PageUp, 14, 1120, 6}, {Qt::Key_Home, 0, 0, 7},
     };
     for (const auto &s : steps) {

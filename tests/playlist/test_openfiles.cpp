@@ -1,13 +1,13 @@
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QApplication>
 #include <gtest/gtest.h>
 
 using namespace quorvel::playlist;

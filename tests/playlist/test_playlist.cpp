@@ -100,7 +100,7 @@ TEST_F(PlaylistFixture, DuplicatesAreRefusedCaseSensitivelyAndForcePlayPlaysTheL
 {
     add(u"/v/a.avi"_qs);
     add(u"/v/b.avi"_qs);
-    add(u"/V/a.avi"_qs);          // another path: a second entry
+    add(u"/V/a.avi"_qs);             // another path: a second entry
     add(u"/v/a.avi"_qs, true, true); // duplicate with play: plays the last entry
     playlist.waitForAdds();
     EXPECT_EQ(playlist.count(), 3);

@@ -7,8 +7,7 @@
 
 using namespace quorvel;
 
-namespace
-{
+namespace {
 
 const QString kKey = QStringLiteral("Software\\Brenlow\\Quorvel\\RecentFileNames");
 
@@ -39,27 +38,23 @@ TEST(FileStore, OddValuesRoundTripThroughTheFile)
         SCOPED_TRACE(v.toStdString());
         EXPECT_EQ(reread.RegGetString(kKey, QString::number(n), QStringLiteral("missing")), v);
         // Both separators and stray slashes name the same key.
-        EXPECT_EQ(reread.RegGetString(
-                      QStringLiteral("/Software/Brenlow//Quorvel/RecentFileNames/"), QString::number(n++)),
+        EXPECT_EQ(
+            reread.RegGetString(QStringLiteral("/Software/Brenlow//Quorvel/RecentFileNames/"), QString::number(n++)),
             v);
     }
-    EXPECT_EQ(reread.RegGetString(kKey, QStringLiteral("99"), QStringLiteral("missing")),
-        QStringLiteral("missing"));
+    EXPECT_EQ(reread.RegGetString(kKey, QStringLiteral("99"), QStringLiteral("missing")), QStringLiteral("missing"));
     reread.RegDeleteValueAt(kKey, QStringLiteral("0"));
     EXPECT_EQ(FileStore(f.path).RegGetString(kKey, QStringLiteral("0"), QStringLiteral("gone")),
-        QStringLiteral("gone"));
+              QStringLiteral("gone"));
     EXPECT_EQ(FileStore(f.path).RegGetString(kKey, QStringLiteral("1")), values[1]);
 }
 
 TEST(FileStore, DamagedFileReadsAsEmptyAndIsRewritten)
 {
     const QByteArray damaged[] = {
-        "\x01\xff\xfe garbage",
-        R"({"Software/Brenlow/Quorvel/RecentFileNames": {"0": "/a.mkv")",
-        R"(["not", "an", "object"])",
-        R"({"k": "a value where a key belongs"})",
-        R"({"k": {"0": 42}})",
-        "",
+        "\x01\xff\xfe garbage",       R"({"Software/Brenlow/Quorvel/RecentFileNames": {"0": "/a.mkv")",
+        R"(["not", "an", "object"])", R"({"k": "a value where a key belongs"})",
+        R"({"k": {"0": 42}})",        "",
     };
     for (const QByteArray &content : damaged) {
         SCOPED_TRACE(content.toStdString());
@@ -72,7 +67,7 @@ TEST(FileStore, DamagedFileReadsAsEmptyAndIsRewritten)
 
         FileStore store(path);
         EXPECT_EQ(store.RegGetString(QStringLiteral("k"), QStringLiteral("0"), QStringLiteral("none")),
-            QStringLiteral("none"));
+                  QStringLiteral("none"));
         EXPECT_EQ(store.RegGetString(kKey, QStringLiteral("0")), QString());
         store.RegSetString(kKey, QStringLiteral("0"), QStringLiteral("/b.mkv"));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

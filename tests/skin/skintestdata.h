@@ -9,7 +9,10 @@
 namespace quorvel::test {
 
 // The program folder whose "images" folder holds the committed skin.
-inline QString SkinProgramFolder() { return QStringLiteral(QUORVEL_SKIN_SOURCE_DATA "/"); }
+inline QString SkinProgramFolder()
+{
+    return QStringLiteral(QUORVEL_SKIN_SOURCE_DATA "/");
+}
 
 // The committed skin, loaded once for all tests of a binary.
 inline const SkinImages &CommittedSkin()

@@ -42,15 +42,24 @@ TEST(SkinButtons, ClicksMapToCommandsAndDisabledButtonsStayDead)
 {
     SkinButtons b;
     const std::pair<int, SkinCommand> table[] = {
-        {BtnClose, SkinCommand::Close},         {BtnMaxmize, SkinCommand::ToggleMaximize},
-        {BtnMinimize, SkinCommand::Minimize},   {BtnPlay, SkinCommand::Play},
-        {BtnPause, SkinCommand::Pause},         {BtnStop, SkinCommand::Stop},
-        {BtnPrevious, SkinCommand::Previous},   {BtnNext, SkinCommand::Next},
-        {BtnSnapShoot, SkinCommand::MediaInfo}, {BtnFullScreen, SkinCommand::FullScreen},
-        {BtnPlayList, SkinCommand::PlayList},   {BtnDvd, SkinCommand::Dvd},
-        {BtnOpen, SkinCommand::Open},           {BtnSound, SkinCommand::Mute},
-        {BtnRewind, SkinCommand::None},         {BtnTitleBar, SkinCommand::None},
-        {-1, SkinCommand::None},                {99, SkinCommand::None},
+        {BtnClose, SkinCommand::Close},
+        {BtnMaxmize, SkinCommand::ToggleMaximize},
+        {BtnMinimize, SkinCommand::Minimize},
+        {BtnPlay, SkinCommand::Play},
+        {BtnPause, SkinCommand::Pause},
+        {BtnStop, SkinCommand::Stop},
+        {BtnPrevious, SkinCommand::Previous},
+        {BtnNext, SkinCommand::Next},
+        {BtnSnapShoot, SkinCommand::MediaInfo},
+        {BtnFullScreen, SkinCommand::FullScreen},
+        {BtnPlayList, SkinCommand::PlayList},
+        {BtnDvd, SkinCommand::Dvd},
+        {BtnOpen, SkinCommand::Open},
+        {BtnSound, SkinCommand::Mute},
+        {BtnRewind, SkinCommand::None},
+        {BtnTitleBar, SkinCommand::None},
+        {-1, SkinCommand::None},
+        {99, SkinCommand::None},
     };
     for (auto [index, command] : table) {
         EXPECT_EQ(b.click(index), command) << index;

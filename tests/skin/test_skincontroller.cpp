@@ -12,7 +12,10 @@ using namespace quorvel;
 
 namespace {
 
-const SkinImages &Skin() { return test::CommittedSkin(); }
+const SkinImages &Skin()
+{
+    return test::CommittedSkin();
+}
 
 void Paint(SkinController &c)
 {
@@ -21,7 +24,10 @@ void Paint(SkinController &c)
     c.paint(p);
 }
 
-QPoint Centre(const HitRect &r) { return {(r.left + r.right) / 2, (r.top + r.bottom) / 2}; }
+QPoint Centre(const HitRect &r)
+{
+    return {(r.left + r.right) / 2, (r.top + r.bottom) / 2};
+}
 
 } // namespace
 

@@ -96,8 +96,11 @@ TEST(SkinImages, DrawSkinImageScalesIntoTheRectangle)
     const struct {
         int x, y;
         QRgb colour;
-    } pixels[] = {{11, 6, qRgb(255, 0, 0)}, {28, 14, qRgb(0, 0, 255)}, {9, 5, qRgb(0, 0, 0)},
-                  {30, 10, qRgb(0, 0, 0)},  {20, 15, qRgb(0, 0, 0)}};
+    } pixels[] = {{11, 6, qRgb(255, 0, 0)},
+                  {28, 14, qRgb(0, 0, 255)},
+                  {9, 5, qRgb(0, 0, 0)},
+                  {30, 10, qRgb(0, 0, 0)},
+                  {20, 15, qRgb(0, 0, 0)}};
     for (const auto &px : pixels)
         EXPECT_EQ(target.pixel(px.x, px.y), px.colour) << px.x << "," << px.y;
 }

@@ -8,8 +8,9 @@
 using namespace quorvel;
 
 namespace {
-const int kDrawnButtons[] = {BtnClose, BtnMaxmize, BtnMinimize, BtnPlay, BtnPause, BtnStop, BtnPrevious, BtnRewind,
-                             BtnNext, BtnFF, BtnSnapShoot, BtnFullScreen, BtnPlayList, BtnDvd, BtnOpen, BtnSound};
+const int kDrawnButtons[] = {BtnClose,    BtnMaxmize, BtnMinimize, BtnPlay, BtnPause,     BtnStop,
+                             BtnPrevious, BtnRewind,  BtnNext,     BtnFF,   BtnSnapShoot, BtnFullScreen,
+                             BtnPlayList, BtnDvd,     BtnOpen,     BtnSound};
 }
 
 TEST(SkinLayout, PiecesTileAndButtonsStayApartAtEverySizeAndCode)
@@ -41,12 +42,13 @@ TEST(SkinLayout, PiecesTileAndButtonsStayApartAtEverySizeAndCode)
             // all of it for code 4, nothing otherwise
             const QRect v = l.videoArea;
             const int thirdW = RoundHalfEven(v.width() / 3.0), thirdH = RoundHalfEven(v.height() / 3.0);
-            const QRect expected[] = {
-                QRect(v.left(), v.top(), thirdW, v.height()),
-                QRect(v.right() + 1 - thirdW, v.top(), thirdW, v.height()),
-                QRect(v.left(), v.top(), v.width(), thirdH),
-                QRect(v.left(), v.bottom() + 1 - thirdH, v.width(), thirdH),
-                v, QRect(), QRect()};
+            const QRect expected[] = {QRect(v.left(), v.top(), thirdW, v.height()),
+                                      QRect(v.right() + 1 - thirdW, v.top(), thirdW, v.height()),
+                                      QRect(v.left(), v.top(), v.width(), thirdH),
+                                      QRect(v.left(), v.bottom() + 1 - thirdH, v.width(), thirdH),
+                                      v,
+                                      QRect(),
+                                      QRect()};
             EXPECT_EQ(l.playlist, expected[code]);
             if (code <= 3) { // playlist and video share the area without gap or overlap
                 EXPECT_EQ(l.playlist.united(l.video), v);

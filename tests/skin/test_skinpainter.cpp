@@ -14,7 +14,10 @@ using namespace quorvel;
 
 namespace {
 
-const SkinImages &Skin() { return test::CommittedSkin(); }
+const SkinImages &Skin()
+{
+    return test::CommittedSkin();
+}
 
 struct Painted {
     QImage image;
@@ -66,8 +69,9 @@ int Distance(QRgb a, QRgb b)
     return std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b));
 }
 
-const int kDrawnButtons[] = {BtnClose, BtnMaxmize, BtnMinimize, BtnPlay, BtnPause, BtnStop, BtnPrevious, BtnRewind,
-                             BtnNext, BtnFF, BtnSnapShoot, BtnFullScreen, BtnPlayList, BtnDvd, BtnOpen, BtnSound};
+const int kDrawnButtons[] = {BtnClose,    BtnMaxmize, BtnMinimize, BtnPlay, BtnPause,     BtnStop,
+                             BtnPrevious, BtnRewind,  BtnNext,     BtnFF,   BtnSnapShoot, BtnFullScreen,
+                             BtnPlayList, BtnDvd,     BtnOpen,     BtnSound};
 
 } // namespace
 
@@ -78,9 +82,11 @@ TEST(SkinPainter, PaintsEveryButtonAtBothSizesAndWritesPictures)
     const char *stateNames[] = {"normal", "over", "pressed", "disabled"};
     for (QSize size : {QSize(388, 515), QSize(1920, 1080)}) {
         for (int st = 0; st < kSkinStateCount; ++st) {
-            SCOPED_TRACE(QStringLiteral("%1x%2 %3").arg(size.width()).arg(size.height()).arg(stateNames[st]).toStdString());
+            SCOPED_TRACE(
+                QStringLiteral("%1x%2 %3").arg(size.width()).arg(size.height()).arg(stateNames[st]).toStdString());
             const Painted painted = PaintSkin(StateAt(size, st));
-            const QString name = QStringLiteral("skin-%1x%2-%3.png").arg(size.width()).arg(size.height()).arg(stateNames[st]);
+            const QString name
+                = QStringLiteral("skin-%1x%2-%3.png").arg(size.width()).arg(size.height()).arg(stateNames[st]);
             ASSERT_TRUE(painted.image.save(test::SkinOutputFolder() + name));
             // nothing of the window is left unpainted
             for (int y = 0; y < size.height(); y += 3)

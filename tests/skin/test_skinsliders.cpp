@@ -56,8 +56,8 @@ TEST(SkinSliders, VolumeFromTrackAndKnob)
     ASSERT_TRUE(v);
     EXPECT_EQ(v->volume, 100);
     EXPECT_EQ(v->knobLeft, 51);
-    EXPECT_FALSE(VolumeFromTrack(55)); // 101
-    EXPECT_FALSE(VolumeFromTrack(2));  // -2
+    EXPECT_FALSE(VolumeFromTrack(55));     // 101
+    EXPECT_FALSE(VolumeFromTrack(2));      // -2
     EXPECT_FALSE(VolumeFromTrack(30, 10)); // track too narrow for the knob
     EXPECT_FALSE(VolumeFromTrack(30, 4));
     // dragging the knob: its left plus the pointer's x on it

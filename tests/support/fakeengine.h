@@ -43,7 +43,12 @@ public:
         items.clear();
     }
     QString failure() const override { return scriptedFailure; }
-    void destroyControl() override { log("destroy"); control = false; items.clear(); }
+    void destroyControl() override
+    {
+        log("destroy");
+        control = false;
+        items.clear();
+    }
     bool hasControl() const override { return control; }
     void playlistAdd(const QString &mrl, const QString &, const QStringList &options) override
     {
@@ -57,16 +62,36 @@ public:
     int itemCount() const override { return static_cast<int>(items.size()); }
     int state() const override { return control ? scriptedState : Idle; }
     double position() const override { return control ? scriptedPosition : 0; }
-    void setPosition(double f) override { log("setPosition"); lastSetPosition = f; }
+    void setPosition(double f) override
+    {
+        log("setPosition");
+        lastSetPosition = f;
+    }
     double time() const override { return control ? scriptedTime : 0; }
     double length() const override { return control ? scriptedLength : 0; }
     bool hasVout() const override { return control && scriptedVout; }
     int streamCount() const override { return control ? scriptedStreams : 0; }
-    void setRate(double r) override { log("setRate"); rate = r; }
+    void setRate(double r) override
+    {
+        log("setRate");
+        rate = r;
+    }
     void setVolume(int v) override { volume = v; }
-    void toggleMute() override { log("toggleMute"); muted = !muted; }
-    void setFullscreen(bool on) override { log("setFullscreen"); fullscreen = on; }
-    void toggleFullscreen() override { log("toggleFullscreen"); fullscreen = !fullscreen; }
+    void toggleMute() override
+    {
+        log("toggleMute");
+        muted = !muted;
+    }
+    void setFullscreen(bool on) override
+    {
+        log("setFullscreen");
+        fullscreen = on;
+    }
+    void toggleFullscreen() override
+    {
+        log("toggleFullscreen");
+        fullscreen = !fullscreen;
+    }
 
 private:
     void log(const QString &call) { calls << call; }

@@ -52,11 +52,12 @@ QString makeMedia(const QString &name, const QStringList &args)
     all << args;
     const QString ext = QFileInfo(name).suffix();
     if (!ext.isEmpty() && !args.contains(QStringLiteral("-f")))
-        all << QStringLiteral("-f") << (ext == u"mkv" ? QStringLiteral("matroska")
-                                       : ext == u"mpg" ? QStringLiteral("mpeg")
-                                       : ext == u"wma" || ext == u"wmv" ? QStringLiteral("asf")
-                                       : ext == u"m4a" ? QStringLiteral("mp4")
-                                       : ext);
+        all << QStringLiteral("-f")
+            << (ext == u"mkv"                    ? QStringLiteral("matroska")
+                : ext == u"mpg"                  ? QStringLiteral("mpeg")
+                : ext == u"wma" || ext == u"wmv" ? QStringLiteral("asf")
+                : ext == u"m4a"                  ? QStringLiteral("mp4")
+                                                 : ext);
     all << partial;
     QString out;
     if (runTool(QStringLiteral("ffmpeg"), all, &out) != 0) {
@@ -73,10 +74,10 @@ QString makeClip(const QString &name, double seconds, const QString &size)
 {
     const QString d = QString::number(seconds);
     return makeMedia(name, {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                            QStringLiteral("testsrc2=size=%1:rate=25:duration=%2").arg(size, d),
-                            QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                            QStringLiteral("sine=frequency=440:duration=%1").arg(d),
-                            QStringLiteral("-shortest"), QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")});
+                            QStringLiteral("testsrc2=size=%1:rate=25:duration=%2").arg(size, d), QStringLiteral("-f"),
+                            QStringLiteral("lavfi"), QStringLiteral("-i"),
+                            QStringLiteral("sine=frequency=440:duration=%1").arg(d), QStringLiteral("-shortest"),
+                            QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")});
 }
 
 } // namespace quorvel::test

@@ -6,11 +6,9 @@
 
 #include <QMap>
 
-namespace quorvel::test
-{
+namespace quorvel::test {
 
-class MemoryStore : public KeyValueStore
-{
+class MemoryStore : public KeyValueStore {
 public:
     void RegSetString(const QString &key, const QString &name, const QString &data) override
     {

@@ -64,8 +64,7 @@ QProcessEnvironment Sandbox::environment(const QString &display) const
     return env;
 }
 
-QuorvelProcess::QuorvelProcess(const Sandbox &sandbox, const QString &display)
-    : m_process(std::make_unique<QProcess>())
+QuorvelProcess::QuorvelProcess(const Sandbox &sandbox, const QString &display) : m_process(std::make_unique<QProcess>())
 {
     m_process->setProgram(sandbox.program());
     m_process->setProcessEnvironment(sandbox.environment(display));

@@ -46,8 +46,8 @@ public:
     // Waits until the trace holds a line matching `pattern`; returns the match.
     QRegularExpressionMatch waitForLog(const QString &pattern, int timeoutMs = 30000);
     bool waitForExit(int timeoutMs = 30000);
-    void terminate();  // SIGTERM
-    void kill();       // SIGKILL
+    void terminate(); // SIGTERM
+    void kill();      // SIGKILL
     QString log();
     int exitCode() const { return m_process->exitCode(); }
     QProcess::ExitStatus exitStatus() const { return m_process->exitStatus(); }

@@ -15,9 +15,7 @@ XvfbServer::XvfbServer(int width, int height) : m_process(std::make_unique<QProc
     int fds[2];
     if (pipe(fds) != 0)
         return;
-    m_process->setChildProcessModifier([rfd = fds[0]] {
-        ::close(rfd);
-    });
+    m_process->setChildProcessModifier([rfd = fds[0]] { ::close(rfd); });
     m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process->start(QStringLiteral("Xvfb"),
                      {QStringLiteral("-displayfd"), QString::number(fds[1]), QStringLiteral("-screen"),

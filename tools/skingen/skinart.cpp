@@ -40,10 +40,9 @@ const QColor kShadow(12, 14, 17);
 QColor Mix(const QColor &a, const QColor &b, double t)
 {
     t = std::clamp(t, 0.0, 1.0);
-    return QColor::fromRgbF(float(a.redF() + (b.redF() - a.redF()) * t),
-                            float(a.greenF() + (b.greenF() - a.greenF()) * t),
-                            float(a.blueF() + (b.blueF() - a.blueF()) * t),
-                            float(a.alphaF() + (b.alphaF() - a.alphaF()) * t));
+    return QColor::fromRgbF(
+        float(a.redF() + (b.redF() - a.redF()) * t), float(a.greenF() + (b.greenF() - a.greenF()) * t),
+        float(a.blueF() + (b.blueF() - a.blueF()) * t), float(a.alphaF() + (b.alphaF() - a.alphaF()) * t));
 }
 
 QColor WithAlpha(QColor c, int alpha)
@@ -151,8 +150,23 @@ void PaintSeekGroove(QPainter &p, qreal left, qreal right, qreal top)
 // ---- icons ----
 
 enum class Icon {
-    Play, Pause, Stop, Previous, Next, Rewind, Forward, Info, FullScreen, PlayList, Disc, Folder,
-    SoundOn, SoundOff, Minimize, Maximize, Close
+    Play,
+    Pause,
+    Stop,
+    Previous,
+    Next,
+    Rewind,
+    Forward,
+    Info,
+    FullScreen,
+    PlayList,
+    Disc,
+    Folder,
+    SoundOn,
+    SoundOff,
+    Minimize,
+    Maximize,
+    Close
 };
 
 QPainterPath Triangle(QPointF a, QPointF b, QPointF c)
@@ -380,17 +394,57 @@ void PaintRoundButton(QPainter &p, QPointF c, qreal r, State st, bool primary, I
     QColor top, bottom, rim, iconColour;
     if (primary) {
         switch (st) {
-        case Normal: top = QColor(92, 190, 255); bottom = QColor(30, 122, 214); rim = QColor(150, 214, 255); iconColour = Qt::white; break;
-        case Over: top = QColor(128, 208, 255); bottom = QColor(44, 146, 240); rim = QColor(200, 235, 255); iconColour = Qt::white; break;
-        case Press: top = QColor(22, 92, 168); bottom = QColor(40, 128, 214); rim = QColor(14, 60, 110); iconColour = QColor(214, 234, 255); break;
-        case Disabled: top = QColor(52, 58, 68); bottom = QColor(40, 45, 53); rim = QColor(60, 66, 76); iconColour = QColor(88, 96, 108); break;
+        case Normal:
+            top = QColor(92, 190, 255);
+            bottom = QColor(30, 122, 214);
+            rim = QColor(150, 214, 255);
+            iconColour = Qt::white;
+            break;
+        case Over:
+            top = QColor(128, 208, 255);
+            bottom = QColor(44, 146, 240);
+            rim = QColor(200, 235, 255);
+            iconColour = Qt::white;
+            break;
+        case Press:
+            top = QColor(22, 92, 168);
+            bottom = QColor(40, 128, 214);
+            rim = QColor(14, 60, 110);
+            iconColour = QColor(214, 234, 255);
+            break;
+        case Disabled:
+            top = QColor(52, 58, 68);
+            bottom = QColor(40, 45, 53);
+            rim = QColor(60, 66, 76);
+            iconColour = QColor(88, 96, 108);
+            break;
         }
     } else {
         switch (st) {
-        case Normal: top = QColor(64, 72, 85); bottom = QColor(36, 41, 49); rim = QColor(88, 97, 112); iconColour = QColor(222, 228, 236); break;
-        case Over: top = QColor(76, 86, 101); bottom = QColor(44, 50, 60); rim = kAccent; iconColour = Qt::white; break;
-        case Press: top = QColor(22, 25, 30); bottom = QColor(40, 45, 54); rim = kAccentDark; iconColour = kAccent; break;
-        case Disabled: top = QColor(40, 45, 53); bottom = QColor(34, 38, 45); rim = QColor(46, 51, 60); iconColour = QColor(78, 86, 97); break;
+        case Normal:
+            top = QColor(64, 72, 85);
+            bottom = QColor(36, 41, 49);
+            rim = QColor(88, 97, 112);
+            iconColour = QColor(222, 228, 236);
+            break;
+        case Over:
+            top = QColor(76, 86, 101);
+            bottom = QColor(44, 50, 60);
+            rim = kAccent;
+            iconColour = Qt::white;
+            break;
+        case Press:
+            top = QColor(22, 25, 30);
+            bottom = QColor(40, 45, 54);
+            rim = kAccentDark;
+            iconColour = kAccent;
+            break;
+        case Disabled:
+            top = QColor(40, 45, 53);
+            bottom = QColor(34, 38, 45);
+            rim = QColor(46, 51, 60);
+            iconColour = QColor(78, 86, 97);
+            break;
         }
     }
     QLinearGradient face(c.x(), c.y() - r, c.x(), c.y() + r);
@@ -543,7 +597,7 @@ QImage ControlButtonBase(int w, int h, int row)
 struct RoundSpec {
     QString file;
     QSize size;
-    int row;      // top of the button in the control area
+    int row; // top of the button in the control area
     QPointF centre;
     qreal radius;
     bool primary;
@@ -611,10 +665,26 @@ QImage TextButton(State st)
     const QRectF r(0.5, 0.5, 74, 22);
     QColor top, bottom, border;
     switch (st) {
-    case Normal: top = QColor(66, 74, 87); bottom = QColor(44, 50, 60); border = QColor(14, 16, 20); break;
-    case Over: top = QColor(80, 90, 106); bottom = QColor(52, 60, 72); border = kAccent; break;
-    case Press: top = QColor(24, 28, 34); bottom = QColor(40, 46, 55); border = kAccentDark; break;
-    case Disabled: top = QColor(38, 43, 51); bottom = QColor(34, 38, 45); border = QColor(30, 34, 40); break;
+    case Normal:
+        top = QColor(66, 74, 87);
+        bottom = QColor(44, 50, 60);
+        border = QColor(14, 16, 20);
+        break;
+    case Over:
+        top = QColor(80, 90, 106);
+        bottom = QColor(52, 60, 72);
+        border = kAccent;
+        break;
+    case Press:
+        top = QColor(24, 28, 34);
+        bottom = QColor(40, 46, 55);
+        border = kAccentDark;
+        break;
+    case Disabled:
+        top = QColor(38, 43, 51);
+        bottom = QColor(34, 38, 45);
+        border = QColor(30, 34, 40);
+        break;
     }
     QLinearGradient g(0, r.top(), 0, r.bottom());
     g.setColorAt(0, top);
@@ -703,7 +773,8 @@ QImage VideoBackground(int w, int h)
 QImage AboutBackground()
 {
     QImage img = Blank(64, 64);
-    FillRows(img, [](int y) { return Mix(QColor(34, 39, 47), QColor(20, 23, 28), y / 63.0); }, 0);
+    FillRows(
+        img, [](int y) { return Mix(QColor(34, 39, 47), QColor(20, 23, 28), y / 63.0); }, 0);
     return img;
 }
 
@@ -727,7 +798,8 @@ QImage PlaylistGlyph()
 QImage MenuButtonPicture()
 {
     QImage img = Blank(45, 20);
-    FillRows(img, [](int y) { return MenuRow(y + 3); }, 0);
+    FillRows(
+        img, [](int y) { return MenuRow(y + 3); }, 0);
     QPainter p(&img);
     Antialias(p);
     p.setPen(QPen(WithAlpha(kAccent, 180), 1));
@@ -784,9 +856,9 @@ std::vector<SkinFile> DrawSkin()
             int width;
             Icon icon;
         };
-        for (const TitleSpec &t : {TitleSpec{"Minimize.jpg", 22, Icon::Minimize},
-                                   TitleSpec{"Maxmize.jpg", 23, Icon::Maximize},
-                                   TitleSpec{"Close.jpg", 23, Icon::Close}}) {
+        for (const TitleSpec &t :
+             {TitleSpec{"Minimize.jpg", 22, Icon::Minimize}, TitleSpec{"Maxmize.jpg", 23, Icon::Maximize},
+              TitleSpec{"Close.jpg", 23, Icon::Close}}) {
             QImage img = Blank(t.width, 24);
             FillRows(img, TitleRow, 1);
             QPainter p(&img);
