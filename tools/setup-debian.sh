@@ -4,7 +4,7 @@
 set -euo pipefail
 
 PACKAGES=(
-    build-essential cmake ninja-build pkg-config git
+    build-essential cmake ninja-build pkg-config git clang-format
     qt6-base-dev qt6-qpa-plugins qt6-wayland libgl-dev libopengl-dev libglx-dev
     libvlc-dev libvlc-bin vlc-plugin-base vlc-plugin-video-output
     ffmpeg mpgtx libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
