@@ -2,6 +2,8 @@
 // Timing shared by the benchmarks.
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QString>
 #include <algorithm>
 #include <vector>
 
@@ -22,6 +24,25 @@ double Measure(F &&work, int rounds)
     }
     std::sort(samples.begin(), samples.end());
     return samples[samples.size() / 2];
+}
+
+// The monotonic time the program's trace gives for the first line matching
+// `what`, or -1 when it has none.
+inline qint64 stamp(const QString &log, const QString &what)
+{
+    const QRegularExpression re(what + QStringLiteral(".*monotonic= *(\\d+)"));
+    const auto m = re.match(log);
+    return m.hasMatch() ? m.captured(1).toLongLong() : -1;
+}
+
+// Median of the measured values; -1 marks a round that measured nothing.
+inline qint64 median(std::vector<qint64> v)
+{
+    v.erase(std::remove(v.begin(), v.end(), -1), v.end());
+    if (v.empty())
+        return -1;
+    std::sort(v.begin(), v.end());
+    return v[v.size() / 2];
 }
 
 } // namespace quorvel::bench

@@ -10,6 +10,7 @@
 // (until it reports playing) and the video output (until the picture shows).
 // With FIRSTFRAME_SHOTS set to a folder, the screen at each detection is saved
 // there, to check what was taken for the first frame.
+#include "../benchtiming.h"
 #include "support/mediagen.h"
 #include "support/quorvelprocess.h"
 #include "support/xvfb.h"
@@ -31,6 +32,9 @@
 using namespace quorvel::test;
 
 namespace {
+
+using quorvel::bench::median;
+using quorvel::bench::stamp;
 
 qint64 monotonicMs()
 {
@@ -103,22 +107,6 @@ Run timeToFrame(const XvfbServer &x, Display *dpy, QProcess &p, const QString &p
     for (int i = 0; i < 200 && patternPixels(dpy) >= kFrameThreshold; ++i)
         p.waitForFinished(10);
     return r;
-}
-
-qint64 stamp(const QString &log, const QString &what)
-{
-    const QRegularExpression re(what + QStringLiteral(".*monotonic= *(\\d+)"));
-    const auto m = re.match(log);
-    return m.hasMatch() ? m.captured(1).toLongLong() : -1;
-}
-
-qint64 median(std::vector<qint64> v)
-{
-    v.erase(std::remove(v.begin(), v.end(), -1), v.end());
-    if (v.empty())
-        return -1;
-    std::sort(v.begin(), v.end());
-    return v[v.size() / 2];
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 //  - from process start to the first painted window;
 //  - from the item start to the engine's playing state.
 // Runs each program several times in turn and compares medians.
+#include "../benchtiming.h"
 #include "support/mediagen.h"
 #include "support/quorvelprocess.h"
 #include "support/xvfb.h"
@@ -18,6 +19,9 @@ using namespace quorvel::test;
 
 namespace {
 
+using quorvel::bench::median;
+using quorvel::bench::stamp;
+
 qint64 monotonicMs()
 {
     using namespace std::chrono;
@@ -28,13 +32,6 @@ struct Sample {
     qint64 toPaint = -1;
     qint64 toPlaying = -1;
 };
-
-qint64 stamp(const QString &log, const QString &what)
-{
-    const QRegularExpression re(what + QStringLiteral(".*monotonic= *(\\d+)"));
-    const auto m = re.match(log);
-    return m.hasMatch() ? m.captured(1).toLongLong() : -1;
-}
 
 Sample measure(QProcess &p, qint64 launchedAt)
 {
@@ -58,15 +55,6 @@ Sample measure(QProcess &p, qint64 launchedAt)
     if (started > 0 && playing > 0)
         s.toPlaying = playing - started;
     return s;
-}
-
-qint64 median(std::vector<qint64> v)
-{
-    v.erase(std::remove(v.begin(), v.end(), -1), v.end());
-    if (v.empty())
-        return -1;
-    std::sort(v.begin(), v.end());
-    return v[v.size() / 2];
 }
 
 } // namespace
