@@ -59,7 +59,7 @@ public:
     void togglePause() override;
     void stop() override;
     int itemCount() const override;
-    int state() const override;
+    State state() const override;
     double position() const override;
     void setPosition(double fraction) override;
     double time() const override;
