@@ -7,6 +7,7 @@
 #include "app/handoffserver.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
+#include "common/appname.h"
 #include "common/logging.h"
 #include "common/paths.h"
 #include "media/ffmpegprobe.h"
@@ -30,7 +31,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
 {
     m_isLoading = true;
     m_forcePlay = true;
-    QCoreApplication::setApplicationName(QStringLiteral("Brenlow Quorvel"));
+    QCoreApplication::setApplicationName(kOrganizationName);
     m_tables.AppPath = ProgramFolder();
     m_marker = std::make_unique<RunningMarker>();
     LoadSkinImages();
