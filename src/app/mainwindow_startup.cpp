@@ -128,8 +128,8 @@ void MainWindow::SetLoadedOptions()
 void MainWindow::WriteConfigurations()
 {
     if (!isMaximized() && !m_windowStates.isFullScreen() && !m_isLoading) {
-        m_settings.WindowLeft = x() * kTwipsPerPixel;
-        m_settings.WindowTop = y() * kTwipsPerPixel;
+        m_settings.WindowLeft = x();
+        m_settings.WindowTop = y();
     }
     if (!ConfigFile::write(m_tables.ConfigPath, m_settings))
         qCWarning(lcApp) << "could not write" << m_tables.ConfigPath;
