@@ -2,12 +2,6 @@
 
 namespace quorvel {
 
-void WindowResizer::setMinimum(int width, int height)
-{
-    m_minWidth = width;
-    m_minHeight = height;
-}
-
 void WindowResizer::press(int x, int y, QSize outer)
 {
     // Later tests win: the corner beats either edge alone.
@@ -43,19 +37,19 @@ WindowResizer::Move WindowResizer::move(int x, int y, QSize outer)
         return grown < minimum ? minimum : grown;
     };
     if (m_corner) {
-        newW = grow(newW, x, m_lastX, m_minWidth);
-        newH = grow(newH, y, m_lastY, m_minHeight);
-        if (newH <= m_minHeight && newW <= m_minWidth)
+        newW = grow(newW, x, m_lastX, kMinWidth);
+        newH = grow(newH, y, m_lastY, kMinHeight);
+        if (newH <= kMinHeight && newW <= kMinWidth)
             m_corner = false;
     }
     if (m_width) {
-        newW = grow(newW, x, m_lastX, m_minWidth);
-        if (newW <= m_minWidth)
+        newW = grow(newW, x, m_lastX, kMinWidth);
+        if (newW <= kMinWidth)
             m_width = false;
     }
     if (m_height) {
-        newH = grow(newH, y, m_lastY, m_minHeight);
-        if (newH <= m_minHeight && newW <= m_minWidth)
+        newH = grow(newH, y, m_lastY, kMinHeight);
+        if (newH <= kMinHeight && newW <= kMinWidth)
             m_height = false;
     }
     result.outer = QSize(newW, newH);

@@ -13,10 +13,8 @@ namespace quorvel {
 class WindowResizer {
 public:
     static constexpr int kGripSize = 4; // pixels
-
-    void setMinimum(int width, int height);
-    int minWidth() const { return m_minWidth; }
-    int minHeight() const { return m_minHeight; }
+    static constexpr int kMinWidth = 370;
+    static constexpr int kMinHeight = 370;
 
     // A press at client pixel (x, y) in a window of the given outer size.
     void press(int x, int y, QSize outer);
@@ -37,8 +35,6 @@ private:
     static bool inRightBand(int x, QSize outer) { return outer.width() - x <= kGripSize; }
     static bool inBottomBand(int y, QSize outer) { return outer.height() - y <= kGripSize; }
 
-    int m_minWidth = 370;
-    int m_minHeight = 370;
     int m_lastX = 0;
     int m_lastY = 0;
     bool m_corner = false;

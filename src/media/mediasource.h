@@ -40,9 +40,6 @@ public:
 
     int StreamCount() const { return static_cast<int>(Streams.size()); }
     void reset() { *this = clsSource(); }
-
-    QImage StreamImage(int stream) const { return Streams.value(stream).Image; }
-    void setStreamImage(int stream, const QImage &image) { Streams[stream].Image = image; }
 };
 
 } // namespace quorvel

@@ -43,7 +43,6 @@ public:
     ~VlcEngine() override;
 
     void setFullscreenHandler(std::function<void(bool)> handler) { m_fullscreenHandler = std::move(handler); }
-    bool isFullscreen() const { return m_fullscreen; }
     // The window left full screen by itself (Escape, double-click).
     void noteFullscreenLeft() { m_fullscreen = false; }
 

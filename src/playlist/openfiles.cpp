@@ -41,14 +41,6 @@ QList<FileFilterEntry> OpenFileFilterEntries()
     return entries;
 }
 
-QString OpenFileFilterText()
-{
-    QStringList parts;
-    for (const FileFilterEntry &entry : OpenFileFilterEntries())
-        parts << entry.caption << entry.patterns.join(u';');
-    return parts.join(u'|');
-}
-
 QStringList OpenFileNameFilters()
 {
     QStringList filters;

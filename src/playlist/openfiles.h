@@ -27,8 +27,6 @@ struct FileFilterEntry {
 // The 25 entries: "All Supported Formats" with every extension, then one
 // entry per extension (upper-case caption), in table order.
 QList<FileFilterEntry> OpenFileFilterEntries();
-// The same as one text: "All Supported Formats|*.wav;*.flv;...;*.asf|WAV|*.wav|...|ASF|*.asf".
-QString OpenFileFilterText();
 // The same as Qt name filters: "All Supported Formats (*.wav *.flv ...)", "WAV (*.wav)", ...
 QStringList OpenFileNameFilters();
 // The chooser's title, "Open Video File".
