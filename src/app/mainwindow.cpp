@@ -244,8 +244,8 @@ void MainWindow::resizeEvent(QResizeEvent *event)
     if (m_thumbList)
         SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
     if (!m_isLoading && m_windowStates.isNormal()) {
-        m_settings.WindowWidth = width() * kTwipsPerPixel;
-        m_settings.WindowHeight = height() * kTwipsPerPixel;
+        m_settings.WindowWidth = width();
+        m_settings.WindowHeight = height();
     }
     m_captionFlags = PathEllipsis;
     update();

@@ -18,6 +18,7 @@
 #include "settings/keyvaluestore.h"
 #include "settings/settings.h"
 #include "skin/skincontroller.h"
+#include "skin/textellipsis.h"
 
 #include <QHash>
 #include <QWidget>
@@ -170,8 +171,8 @@ private:
     WindowResizer m_resizer;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;
-    QSize m_askedSize;          // the size last asked for during an edge drag
-    int m_captionFlags = 16384; // path ellipsis
+    QSize m_askedSize; // the size last asked for during an edge drag
+    int m_captionFlags = PathEllipsis;
 
     MessageBoxNotifier m_notifier;
     std::unique_ptr<RunningMarker> m_marker;

@@ -7,6 +7,7 @@
 #include "app/handoffserver.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
+#include "common/appname.h"
 #include "common/logging.h"
 #include "common/paths.h"
 #include "media/ffmpegprobe.h"
@@ -30,7 +31,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
 {
     m_isLoading = true;
     m_forcePlay = true;
-    QCoreApplication::setApplicationName(QStringLiteral("Brenlow Quorvel"));
+    QCoreApplication::setApplicationName(kOrganizationName);
     m_tables.AppPath = ProgramFolder();
     m_marker = std::make_unique<RunningMarker>();
     LoadSkinImages();
@@ -127,8 +128,8 @@ void MainWindow::SetLoadedOptions()
 void MainWindow::WriteConfigurations()
 {
     if (!isMaximized() && !m_windowStates.isFullScreen() && !m_isLoading) {
-        m_settings.WindowLeft = x() * kTwipsPerPixel;
-        m_settings.WindowTop = y() * kTwipsPerPixel;
+        m_settings.WindowLeft = x();
+        m_settings.WindowTop = y();
     }
     if (!ConfigFile::write(m_tables.ConfigPath, m_settings))
         qCWarning(lcApp) << "could not write" << m_tables.ConfigPath;

@@ -167,9 +167,10 @@ int VlcEngine::itemCount() const
     return m_hasItem ? 1 : 0;
 }
 
-int VlcEngine::state() const
+Engine::State VlcEngine::state() const
 {
-    return m_player ? static_cast<int>(libvlc_media_player_get_state(m_player.get())) : Idle;
+    // libVLC numbers its states as State does.
+    return m_player ? static_cast<State>(libvlc_media_player_get_state(m_player.get())) : Idle;
 }
 
 double VlcEngine::position() const
