@@ -7,6 +7,7 @@
 #include "common/logging.h"
 #include "common/paths.h"
 #include "media/mediaprobe.h"
+#include "menus/dvdplayback.h"
 #include "menus/menubarview.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
@@ -47,6 +48,7 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
+    m_dvd.reset();
     // The playlist waits for running probes before the probe goes away.
     m_playlist.reset();
     m_player.reset();

@@ -6,6 +6,7 @@
 #include "app/mediacontrols.h"
 #include "common/logging.h"
 #include "common/paths.h"
+#include "menus/helptopics.h"
 #include "menus/menubarview.h"
 #include "playback/player.h"
 #include "playback/transport.h"
@@ -126,6 +127,8 @@ void MainWindow::onMenuItemClick(int position)
         t.cmdNextClick();
     } else if (key == u"Previous") {
         t.cmdPreviousClick();
+    } else if (key == u"HelpTopics") {
+        ShowHelpTopics(m_tables.AppPath);
     }
 }
 

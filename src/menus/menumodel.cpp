@@ -99,6 +99,10 @@ void BuildMenu(MenuModel &m)
     for (int i = 1; i <= 5; ++i)
         m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList%1").arg(i), K::Command, QString(), 0, 0, false,
                       true, false);
+    // Besides discs: a DVD-Video folder or an image file.
+    m.AddMenuItem(QStringLiteral("OpenDVD"), {}, K::Separator, {});
+    m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("OpenDVDSource"), K::Command,
+                  QStringLiteral("Open DVD folder or image..."));
     m.AddMenuItem(QStringLiteral("File"), QStringLiteral("RecentMenu"), K::Command,
                   QStringLiteral("Recently Played Files"));
     m.AddMenuItem(QStringLiteral("RecentMenu"), QStringLiteral("History0"), K::Command, QStringLiteral("<No History>"),
