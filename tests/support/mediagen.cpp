@@ -85,35 +85,28 @@ QString makeDvdFolder(const QString &name, double seconds)
     const QString d = QString::number(seconds);
     const QString clip = makeMedia(name + QStringLiteral(".mpg"),
                                    {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                    QStringLiteral("testsrc2=size=720x480:rate=30000/1001:duration=%1").arg(d),
+                                    QStringLiteral("testsrc2=size=720x480:rate=30000/1001:duration=") + d,
                                     QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                    QStringLiteral("sine=frequency=440:duration=%1").arg(d),
-                                    QStringLiteral("-shortest"), QStringLiteral("-target"), QStringLiteral("ntsc-dvd"),
-                                    QStringLiteral("-f"), QStringLiteral("dvd")});
-    if (clip.isEmpty())
-        return {};
+                                    QStringLiteral("sine=frequency=440:duration=") + d, QStringLiteral("-shortest"),
+                                    QStringLiteral("-target"), QStringLiteral("ntsc-dvd"), QStringLiteral("-f"),
+                                    QStringLiteral("dvd")});
     const QString folder = testMediaDir() + u'/' + name;
     QLockFile lock(folder + QStringLiteral(".lock"));
     lock.setStaleLockTime(0);
     lock.lock();
-    if (QFileInfo::exists(folder + QStringLiteral("/VIDEO_TS/VIDEO_TS.IFO")))
-        return folder;
+    if (clip.isEmpty() || QFileInfo::exists(folder + QStringLiteral("/VIDEO_TS/VIDEO_TS.IFO")))
+        return clip.isEmpty() ? QString() : folder;
+    // dvdauthor adds the title, then writes the table of contents.
     const QString partial = testMediaDir() + QStringLiteral("/.partial-") + name;
     QDir(partial).removeRecursively();
-    QProcess author;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("VIDEO_FORMAT"), QStringLiteral("NTSC"));
-    author.setProcessEnvironment(env);
-    author.setProcessChannelMode(QProcess::MergedChannels);
-    for (const QStringList &args : {QStringList{QStringLiteral("-o"), partial, QStringLiteral("-t"), clip},
-                                    QStringList{QStringLiteral("-o"), partial, QStringLiteral("-T")}}) {
-        author.start(QStringLiteral("dvdauthor"), args);
-        if (!author.waitForFinished(120000) || author.exitStatus() != QProcess::NormalExit || author.exitCode() != 0) {
-            qWarning("dvdauthor failed for %s: %s", qPrintable(name), author.readAll().constData());
-            return {};
-        }
+    const QStringList author{QStringLiteral("VIDEO_FORMAT=NTSC"), QStringLiteral("dvdauthor"), QStringLiteral("-o"),
+                             partial};
+    QString out;
+    if (runTool(QStringLiteral("env"), author + QStringList{QStringLiteral("-t"), clip}, &out) != 0
+        || runTool(QStringLiteral("env"), author + QStringList{QStringLiteral("-T")}, &out) != 0) {
+        qWarning("dvdauthor failed for %s: %s", qPrintable(name), qPrintable(out));
+        return {};
     }
-    QDir(folder).removeRecursively();
     QDir().rename(partial, folder);
     return folder;
 }
