@@ -25,41 +25,22 @@ QByteArray readSystemFile(const QString &path)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-// Undoes the octal escapes of the mount table ("\040" for a blank).
-QString unescapeMountField(const QByteArray &field)
+// Undoes the escapes of the system's tables: octal ("\040" for a blank) in
+// the mount table, hexadecimal ("\x20") in the names of udev's label links.
+QString unescapeCodes(const QByteArray &in)
 {
     QByteArray out;
-    for (qsizetype i = 0; i < field.size(); ++i) {
-        if (field[i] == '\\' && i + 3 < field.size()) {
-            bool ok = false;
-            const int code = field.mid(i + 1, 3).toInt(&ok, 8);
-            if (ok) {
-                out += char(code);
-                i += 3;
-                continue;
-            }
-        }
-        out += field[i];
-    }
-    return QString::fromUtf8(out);
-}
-
-// Undoes udev's "\x20" escapes of a label link's name.
-QString unescapeLabel(const QString &name)
-{
-    QByteArray out;
-    const QByteArray in = name.toUtf8();
     for (qsizetype i = 0; i < in.size(); ++i) {
-        if (in[i] == '\\' && i + 3 < in.size() && in[i + 1] == 'x') {
-            bool ok = false;
-            const int code = in.mid(i + 2, 2).toInt(&ok, 16);
-            if (ok) {
-                out += char(code);
-                i += 3;
-                continue;
-            }
+        bool ok = false;
+        int code = 0;
+        if (in[i] == '\\' && i + 3 < in.size())
+            code = in[i + 1] == 'x' ? in.mid(i + 2, 2).toInt(&ok, 16) : in.mid(i + 1, 3).toInt(&ok, 8);
+        if (ok) {
+            out += char(code);
+            i += 3;
+        } else {
+            out += in[i];
         }
-        out += in[i];
     }
     return QString::fromUtf8(out);
 }
@@ -75,7 +56,7 @@ QString labelFromLinks(const QString &device)
     const QFileInfoList links = QDir(QStringLiteral("/dev/disk/by-label")).entryInfoList(QDir::System | QDir::Files);
     for (const QFileInfo &link : links) {
         if (link.canonicalFilePath() == device)
-            return unescapeLabel(link.fileName());
+            return unescapeCodes(QFile::encodeName(link.fileName()));
     }
     return {};
 }
@@ -108,9 +89,9 @@ QHash<QString, QString> MountPointsBySource(const QByteArray &mountInfo)
         const qsizetype dash = fields.indexOf("-");
         if (dash < 6 || dash + 2 >= fields.size() || fields[3] != "/")
             continue; // malformed, or a bind mount of a sub-folder
-        const QString source = unescapeMountField(fields[dash + 2]);
+        const QString source = unescapeCodes(fields[dash + 2]);
         if (!points.contains(source))
-            points.insert(source, unescapeMountField(fields[4]));
+            points.insert(source, unescapeCodes(fields[4]));
     }
     return points;
 }
@@ -151,10 +132,8 @@ QVector<OpticalDrive> SystemDriveList::drives() const
         d.mountPoint = mountsByDevice.value(canonical(d.device));
         d.label = labelFromLinks(canonical(d.device));
         bool readable = false;
-        if (d.label.isEmpty()) {
-            const QString label = IsoVolumeLabel(d.device, &readable);
-            d.label = label;
-        }
+        if (d.label.isEmpty())
+            d.label = IsoVolumeLabel(d.device, &readable);
         d.hasDisc = !d.mountPoint.isEmpty() || !d.label.isEmpty() || readable;
         drives << d;
     }
