@@ -8,7 +8,10 @@
 #include "playback/transport.h"
 #include "playlist/playlist.h"
 
+#include <QFile>
 #include <QFileInfo>
+
+#include <sys/stat.h>
 
 namespace quorvel {
 
@@ -69,6 +72,13 @@ bool DvdPlayback::playDvdSource(const QString &folderOrIsoOrDevice)
     }
     start(GetFileTitle(source), source);
     return true;
+}
+
+bool DvdPlayback::IsDvdSource(const QString &path)
+{
+    struct stat info {};
+    return !DvdSourceOf(path).isEmpty()
+           || (::stat(QFile::encodeName(path).constData(), &info) == 0 && S_ISBLK(info.st_mode));
 }
 
 void DvdPlayback::checkForDisc()

@@ -47,8 +47,9 @@ public:
     // device. Anything else is answered with "Please insert a valid DVD."
     // and changes nothing. Returns whether playback is under way.
     bool playDvdSource(const QString &folderOrIsoOrDevice);
-    // True when `path` is a DVD-Video folder or image (command-line files).
-    static bool IsDvdSource(const QString &path) { return !DvdSourceOf(path).isEmpty(); }
+    // True when `path` is a DVD-Video folder or image or a disc device
+    // (files of the command line).
+    static bool IsDvdSource(const QString &path);
 
     // One tick of the check timer: enumerates, then starts the video DVD of
     // the last drive that holds one and stops the timer.
