@@ -3,11 +3,12 @@
 
 #include "mainwindow.h"
 
+#include "app/dvdsourcedialog.h"
 #include "app/videoframe.h"
 #include "common/paths.h"
-#include "menus/dvdplayback.h"
-#include "menus/dvdsourcedialog.h"
 #include "menus/menubarview.h"
+#include "menus/menukeys.h"
+#include "playback/dvdplayback.h"
 
 #include <QMenu>
 
@@ -16,15 +17,16 @@ namespace quorvel {
 void MainWindow::setupDvd()
 {
     m_drives = std::make_unique<SystemDriveList>();
-    m_dvd = std::make_unique<DvdPlayback>(*m_drives, *m_transport, *m_player, *m_playlist, m_menu, m_notifier, *this,
+    m_dvd = std::make_unique<DvdPlayback>(*m_drives, *m_transport, *m_player, *m_playlist, m_notifier, *this,
                                           m_tables.AppPath);
+    connect(m_dvd.get(), &DvdPlayback::drivesChanged, this, [this] { ShowDvdDrives(m_menu, m_dvd->captions()); });
     connect(m_dvd.get(), &DvdPlayback::started, this, [this] { m_videoFrame->showLogo(false); });
     connect(&m_menu, &MenuModel::MenuItemClick, this, [this](int position) {
-        if (m_menu.KeyAt(position) == u"OpenDVDSource")
+        if (m_menu.KeyAt(position) == menukey::OpenDVDSource)
             openDvdSource();
     });
     // Opening the branch (from the menu bar or the DVD button) lists the drives as they are now.
-    if (QMenu *branch = m_menuView ? m_menuView->menuFor(QStringLiteral("OpenDVD")) : nullptr)
+    if (QMenu *branch = m_menuView ? m_menuView->menuFor(menukey::OpenDVD) : nullptr)
         connect(branch, &QMenu::aboutToShow, m_dvd.get(), &DvdPlayback::refresh);
 }
 

@@ -2,7 +2,7 @@
 // Optical drives as a test describes them; the description may change
 // between enumerations (a disc inserted, a drive unplugged).
 
-#include "menus/dvddrives.h"
+#include "playback/dvddrives.h"
 
 namespace quorvel::test {
 

@@ -15,10 +15,10 @@
 
 namespace quorvel {
 
-DvdPlayback::DvdPlayback(DriveList &drives, Transport &transport, Player &player, Playlist &playlist, MenuModel &menu,
+DvdPlayback::DvdPlayback(DriveList &drives, Transport &transport, Player &player, Playlist &playlist,
                          MessageNotifier &notifier, TransportView &view, const QString &programFolder, QObject *parent)
     : QObject(parent), m_driveList(drives), m_transport(transport), m_player(player), m_playlist(playlist),
-      m_menu(menu), m_notifier(notifier), m_view(view), m_picture(programFolder + QStringLiteral("DVD.jpg"))
+      m_notifier(notifier), m_view(view), m_picture(programFolder + QStringLiteral("DVD.jpg"))
 {
     m_checkTimer.setObjectName(QStringLiteral("tmrCheckDVD"));
     m_checkTimer.setInterval(1000);
@@ -34,7 +34,6 @@ void DvdPlayback::refresh()
     if (!changed)
         return;
     qCDebug(lcPlayback) << "DVD drives:" << m_drives.captions;
-    ShowDrivesInMenu(m_drives, m_menu);
     emit drivesChanged();
 }
 

@@ -1,6 +1,6 @@
 #include "dvdsourcedialog.h"
 
-#include "menus/dvddrives.h"
+#include "playback/dvddrives.h"
 
 namespace quorvel {
 

@@ -1,7 +1,5 @@
 #include "dvddrives.h"
 
-#include "menus/menumodel.h"
-
 #include <QCollator>
 #include <QDir>
 #include <QFile>
@@ -147,25 +145,6 @@ DvdEnumeration EnumDVDDrives(const DriveList &list)
     for (const OpticalDrive &d : std::as_const(e.drives))
         e.captions << (d.hasDisc ? d.label : kInsertDvdCaption) + QStringLiteral(" (") + d.device + u')';
     return e;
-}
-
-void ShowDrivesInMenu(const DvdEnumeration &drives, MenuModel &menu)
-{
-    for (int k = 0; k < kKeyedDvdEntries; ++k) {
-        const int position = menu.IndexOfKey(QStringLiteral("DVDList%1").arg(k));
-        if (k == 0 && drives.noDrives()) {
-            menu.SetCaption(position, kNoDvdDrivesCaption);
-            menu.SetEnabled(position, false);
-            menu.SetVisible(position, true);
-            continue;
-        }
-        const bool shown = k < drives.captions.size();
-        menu.SetVisible(position, shown);
-        if (shown) {
-            menu.SetCaption(position, drives.captions[k]);
-            menu.SetEnabled(position, true);
-        }
-    }
 }
 
 bool HoldsVideoTs(const QString &folder)

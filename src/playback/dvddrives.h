@@ -14,11 +14,7 @@
 
 namespace quorvel {
 
-class MenuModel;
-
-inline const QString kNoDvdDrivesCaption = QStringLiteral("<No DVD drives were found>");
 inline const QString kInsertDvdCaption = QStringLiteral("<Please insert a DVD>");
-inline constexpr int kKeyedDvdEntries = 6; // "DVDList0" ... "DVDList5"
 
 // One optical drive as the system reports it.
 struct OpticalDrive {
@@ -54,7 +50,7 @@ QHash<QString, QString> MountPointsBySource(const QByteArray &mountInfo);
 QString IsoVolumeLabel(const QString &deviceOrImage, bool *readable);
 
 // The result of one enumeration: entry k of `drives` and `captions` stands
-// for keyed entry "DVDList" + k and the classic entry k.
+// for menu entry k of the Open DVD menus.
 struct DvdEnumeration {
     QVector<OpticalDrive> drives;
     QStringList captions; // "MOVIE (/dev/sr1)", "<Please insert a DVD> (/dev/sr0)"
@@ -62,8 +58,6 @@ struct DvdEnumeration {
 };
 
 DvdEnumeration EnumDVDDrives(const DriveList &list);
-// Shows an enumeration in the keyed entries "DVDList0" ... "DVDList5".
-void ShowDrivesInMenu(const DvdEnumeration &drives, MenuModel &menu);
 
 // True when `folder` holds a VIDEO_TS folder, in any letter case.
 bool HoldsVideoTs(const QString &folder);

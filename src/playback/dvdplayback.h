@@ -6,7 +6,7 @@
 // starts a mounted video DVD by itself; it stops after starting one, and the
 // playback monitor turns it on again once playback has ended.
 
-#include "menus/dvddrives.h"
+#include "playback/dvddrives.h"
 
 #include <QImage>
 #include <QObject>
@@ -14,7 +14,6 @@
 
 namespace quorvel {
 
-class MenuModel;
 class MessageNotifier;
 class Player;
 class Playlist;
@@ -29,12 +28,10 @@ class DvdPlayback : public QObject {
     Q_OBJECT
 public:
     // `programFolder` holds "DVD.jpg", the picture of the playlist row.
-    DvdPlayback(DriveList &drives, Transport &transport, Player &player, Playlist &playlist, MenuModel &menu,
-                MessageNotifier &notifier, TransportView &view, const QString &programFolder,
-                QObject *parent = nullptr);
+    DvdPlayback(DriveList &drives, Transport &transport, Player &player, Playlist &playlist, MessageNotifier &notifier,
+                TransportView &view, const QString &programFolder, QObject *parent = nullptr);
 
-    // Enumerates the drives again and shows them in the keyed menu; the
-    // classic tree follows `drivesChanged`.
+    // Enumerates the drives again; the menus follow `drivesChanged`.
     void refresh();
     const DvdEnumeration &enumeration() const { return m_drives; }
     QStringList captions() const { return m_drives.captions; }
@@ -59,6 +56,7 @@ public:
     void enableCheck();
 
 signals:
+    // The captions differ from the last enumeration's.
     void drivesChanged();
     // A DVD row replaced the playlist and the engine was asked to play it.
     void started(const QString &caption);
@@ -71,7 +69,6 @@ private:
     Transport &m_transport;
     Player &m_player;
     Playlist &m_playlist;
-    MenuModel &m_menu;
     MessageNotifier &m_notifier;
     TransportView &m_view;
     QImage m_picture;

@@ -1,6 +1,6 @@
 #include "media/existingfileprobe.h"
-#include "menus/dvdplayback.h"
 #include "menus/menumodel.h"
+#include "playback/dvdplayback.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
@@ -63,7 +63,7 @@ TEST(DvdDrives, SystemTablesDvdSourcesAndTheKeyedMenu)
         list.described = c.drives;
         const DvdEnumeration e = EnumDVDDrives(list);
         EXPECT_EQ(e.captions, c.captions);
-        ShowDrivesInMenu(e, menu);
+        ShowDvdDrives(menu, e.captions);
         const MenuItem &first = menu.item(menu.IndexOfKey(u"DVDList0"_qs));
         EXPECT_EQ(first.caption, c.captions.value(0, kNoDvdDrivesCaption));
         EXPECT_EQ(first.enabled, !c.captions.isEmpty());
@@ -85,9 +85,9 @@ struct DvdFixture : ::testing::Test, TransportView, playback::PowerControl {
     Playlist playlist{list, probe, notifier};
     Player player{engine, settings, state, playlist};
     MenuModel menu;
-    Transport transport{engine, settings, state, playlist, player, menu, *this, *this};
+    Transport transport{engine, settings, state, playlist, player, *this, *this};
     test::FakeDriveList drives;
-    DvdPlayback dvd{drives, transport, player, playlist, menu, notifier, *this, dir.path() + u'/'};
+    DvdPlayback dvd{drives, transport, player, playlist, notifier, *this, dir.path() + u'/'};
 
     void setTimeText(const QString &) override {}
     void setRateText(const QString &, bool) override {}
@@ -104,6 +104,7 @@ struct DvdFixture : ::testing::Test, TransportView, playback::PowerControl {
     void SetUp() override
     {
         BuildMenu(menu);
+        QObject::connect(&dvd, &DvdPlayback::drivesChanged, [this] { ShowDvdDrives(menu, dvd.captions()); });
         player.SaveVLCOptions();
         player.setNotifier(&notifier);
         transport.setStopSettleDelay(0);
