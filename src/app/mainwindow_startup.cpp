@@ -20,6 +20,7 @@
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
 #include "playlist/playlist.h"
+#include "settings/associations.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -37,6 +38,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     BuildMenu();
     InitPlayer();
     LoadConfigurations();
+    ApplyAssociations(m_settings.AssocFlags);
     LoadHistory();
     SetPlaylistPosition(5);
     m_player->enableMediaControl(MediaAction::Stopped);
