@@ -47,10 +47,14 @@ public:
     static QStringList ExtensionsSharingType(int index);
 
     bool IsAssociated(int index) const;
-    // Both do nothing for an index outside 0 ... 23.
+    // Both act on the extension's whole type and do nothing for an index
+    // outside 0 ... 23.
     void RegisterExtension(int index);
     void UnregisterExtension(int index);
     // A type is associated when the flag of any of its extensions is set.
+    // Whoever stores all flags at once (the start, the settings dialog) uses
+    // this: one call per extension would undo a shared type's association.
+    // ExtensionsSharingType() tells which flags go together.
     void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags);
     // The current default handler of extension `e`'s type, or "-1" when there is none.
     QString GetExtensionProgID(const QString &e) const;
@@ -65,7 +69,8 @@ private:
     DesktopAssociations &m_desktop;
 };
 
-// Applies the association flags to the user's desktop at start-up.
+// Applies the association flags to the user's desktop: the store file and
+// the user's XDG folders, the handler being this program.
 void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags);
 
 } // namespace quorvel
