@@ -9,6 +9,7 @@
 #include "media/mediaprobe.h"
 #include "menus/menubarview.h"
 #include "menus/menukeys.h"
+#include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
 #include "playback/systempower.h"
@@ -48,6 +49,7 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
+    m_dvd.reset();
     // The playlist waits for running probes before the probe goes away.
     m_playlist.reset();
     m_player.reset();

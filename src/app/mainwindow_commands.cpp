@@ -6,6 +6,7 @@
 #include "app/mediacontrols.h"
 #include "common/logging.h"
 #include "common/paths.h"
+#include "menus/helptopics.h"
 #include "menus/menubarview.h"
 #include "menus/menukeys.h"
 #include "playback/player.h"
@@ -156,6 +157,8 @@ void MainWindow::onMenuItemClick(int position)
         t.cmdNextClick();
     } else if (key == menukey::Previous) {
         t.cmdPreviousClick();
+    } else if (key == menukey::HelpTopics) {
+        ShowHelpTopics(m_tables.AppPath);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "common/logging.h"
 #include "common/paths.h"
 #include "media/ffmpegprobe.h"
+#include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
@@ -39,6 +40,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     InitPlayer();
     LoadConfigurations();
     LoadHistory();
+    setupDvd();
     SetPlaylistPosition(5);
     m_player->enableMediaControl(MediaAction::Stopped);
     m_transport->applyStoredModes();
@@ -50,8 +52,11 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     m_forcePlay = command.forcePlay;
     // Every file goes to the playlist, which says why it refuses one; the
     // first one plays unless the add-only marker was given.
-    bool first = true;
-    for (const QString &path : command.files) {
+    // A DVD folder or image replaces the playlist and plays; the other files
+    // join it after the DVD's row.
+    const QStringList files = playDvdAmong(command.files);
+    bool first = files.size() == command.files.size();
+    for (const QString &path : files) {
         m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay && first);
         first = false;
     }
@@ -66,6 +71,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     }
     m_isLoading = false;
     m_transport->movieTimer().start();
+    m_dvd->checkTimer().start();
     qCDebug(lcApp) << "running instance ready, process" << QCoreApplication::applicationPid() << "on"
                    << QGuiApplication::platformName();
 }
@@ -137,8 +143,10 @@ void MainWindow::WriteConfigurations()
 
 void MainWindow::receiveCommand(const QString &text, std::function<void()> done)
 {
-    const QStringList files = CommandLine::filesOf(text);
-    qCDebug(lcApp) << "hand-off received:" << files;
+    const QStringList given = CommandLine::filesOf(text);
+    qCDebug(lcApp) << "hand-off received:" << given;
+    // A DVD cannot wait in the playlist beside files: it plays.
+    const QStringList files = playDvdAmong(given);
     if (files.isEmpty()) {
         done();
         return;
