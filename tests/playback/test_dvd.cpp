@@ -1,11 +1,12 @@
-#include "media/existingfileprobe.h"
 #include "menus/menumodel.h"
 #include "playback/dvdplayback.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
+#include "support/existingfileprobe.h"
 #include "support/fakedrivelist.h"
 #include "support/fakeengine.h"
+#include "support/memorythumblist.h"
 #include "support/recordingnotifier.h"
 #include "support/waituntil.h"
 
@@ -79,8 +80,8 @@ struct DvdFixture : ::testing::Test, TransportView, playback::PowerControl {
     Settings settings;
     PlaybackState state;
     test::FakeEngine engine;
-    MemoryThumbList list;
-    ExistingFileProbe probe;
+    test::MemoryThumbList list;
+    test::ExistingFileProbe probe;
     test::RecordingNotifier notifier;
     Playlist playlist{list, probe, notifier};
     Player player{engine, settings, state, playlist};
