@@ -6,6 +6,7 @@
 #include "app/mediacontrols.h"
 #include "common/logging.h"
 #include "common/paths.h"
+#include "common/tracelines.h"
 #include "menus/menubarview.h"
 #include "playback/player.h"
 #include "playback/transport.h"
@@ -64,7 +65,7 @@ void MainWindow::applyTray()
 void MainWindow::onMenuItemClick(int position)
 {
     const QString key = m_menu.KeyAt(position);
-    qCDebug(lcApp) << "menu" << key;
+    qCDebug(lcApp) << trace::kMenu << key;
     Transport &t = *m_transport;
     if (key == u"OpenFile") {
         openFiles(false);

@@ -10,6 +10,7 @@
 #include "app/windowplacement.h"
 #include "common/logging.h"
 #include "common/paths.h"
+#include "common/tracelines.h"
 #include "media/ffmpegprobe.h"
 #include "playback/player.h"
 #include "playback/systempower.h"
@@ -57,15 +58,14 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
 
     m_handoff = std::move(receiver);
     if (m_handoff) {
-        connect(m_handoff.get(), &HandoffServer::helloReceived, this,
-                [] { qCDebug(lcApp) << "a later start found this instance running"; });
+        connect(m_handoff.get(), &HandoffServer::helloReceived, this, [] { qCDebug(lcApp) << trace::kFoundRunning; });
         // Set after this start's own files, so handed-over files queue behind them.
         m_handoff->setCommandHandler(
             [this](const QString &text, std::function<void()> done) { receiveCommand(text, std::move(done)); });
     }
     m_isLoading = false;
     m_transport->movieTimer().start();
-    qCDebug(lcApp) << "running instance ready, process" << QCoreApplication::applicationPid() << "on"
+    qCDebug(lcApp) << trace::kInstanceReady << QCoreApplication::applicationPid() << "on"
                    << QGuiApplication::platformName();
 }
 
@@ -136,7 +136,7 @@ void MainWindow::WriteConfigurations()
 void MainWindow::receiveCommand(const QString &text, std::function<void()> done)
 {
     const QStringList files = CommandLine::filesOf(text);
-    qCDebug(lcApp) << "hand-off received:" << files;
+    qCDebug(lcApp) << trace::kHandoffReceived << files;
     if (files.isEmpty()) {
         done();
         return;
