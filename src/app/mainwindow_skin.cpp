@@ -71,7 +71,7 @@ void MainWindow::paintEvent(QPaintEvent *)
     m_skin->paint(painter);
     if (!m_painted) {
         m_painted = true;
-        qCDebug(lcApp) << "first paint monotonic=" << MonotonicMs();
+        qCDebug(lcApp) << trace::kFirstPaint << MonotonicMs();
     }
 }
 

@@ -26,6 +26,7 @@ inline constexpr char kMediaInfoShown[] = "media information shown";
 inline constexpr char kFullScreen[] = "full screen";
 inline constexpr char kHistoryLoaded[] = "history loaded:";
 inline constexpr char kHistoryAdded[] = "history added";
+inline constexpr char kFirstPaint[] = "first paint monotonic="; // <ms>
 inline constexpr char kClosed[] = "closed";
 
 } // namespace quorvel::trace

@@ -87,38 +87,3 @@ TEST(SkinLayout, HitRectanglesOfControlButtonsEndAboveTheirDrawnBottom)
     EXPECT_EQ(HitTestButtons(hit, QPoint(388 - 20, 10)), BtnClose);
     EXPECT_EQ(HitTestButtons(hit, QPoint(200, 300)), -1);
 }
-
-TEST(SkinLayout, PlaylistPanesForEachCode)
-{
-    const QSizeF splitter(358, 312);
-    const struct {
-        int code;
-        double pane0W, pane1H, pane3H, pane4W;
-        int holder;
-        bool fills, keep;
-        bool lock0W, lock4W, lock1H, lock3H;
-    } cases[] = {
-        {0, 358 / 3.0, 0, 0, 0, 0, false, false, false, true, true, true},
-        {1, 0, 0, 0, 358 / 3.0, 4, false, false, true, false, true, true}, // exact, not rounded
-        {2, 0, 104, 0, 0, 1, false, false, true, true, false, true},
-        {3, 0, 0, 104, 0, 3, false, false, true, true, true, false},
-        {4, 0, 0, 0, 0, -1, true, false, true, true, true, true},
-        {5, 0, 0, 0, 0, -1, false, true, true, true, true, true},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.code);
-        const auto p = PlaylistPanesFor(c.code, splitter);
-        ASSERT_TRUE(p);
-        EXPECT_DOUBLE_EQ(p->pane0Width, c.pane0W);
-        EXPECT_DOUBLE_EQ(p->pane1Height, c.pane1H);
-        EXPECT_DOUBLE_EQ(p->pane3Height, c.pane3H);
-        EXPECT_DOUBLE_EQ(p->pane4Width, c.pane4W);
-        EXPECT_EQ(p->holder, c.holder);
-        EXPECT_EQ(p->fillsVideo, c.fills);
-        EXPECT_EQ(p->keepContents, c.keep);
-        EXPECT_EQ((std::array{p->lock0W, p->lock4W, p->lock1H, p->lock3H}),
-                  (std::array{c.lock0W, c.lock4W, c.lock1H, c.lock3H}));
-    }
-    EXPECT_FALSE(PlaylistPanesFor(6, splitter));
-    EXPECT_FALSE(PlaylistPanesFor(-1, splitter));
-}
