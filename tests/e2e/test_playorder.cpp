@@ -79,7 +79,7 @@ TEST_F(PlayOrderTest, NoRepeatExitsWhenAskedAndTheHistoryPlaysAgainAfterRestart)
     ASSERT_TRUE(q->waitForExit(60000)) << q->log().toStdString();
     EXPECT_EQ(q->exitCode(), 0);
     EXPECT_EQ(startedTitles(q->log()), (QStringList{u"one.mp4"_qs, u"two, #2.mp4"_qs, u"three.mp4"_qs}));
-    EXPECT_TRUE(q->log().contains(traced(trace::kAfterPlay) + u" 1"_qs));
+    EXPECT_TRUE(q->log().contains(QString::fromLatin1(trace::kAfterPlay) + u" 1"_qs));
     EXPECT_EQ(configLines().value(3), "0"); // still no repeat
 
     QFile store(m_box.homeDir() + QStringLiteral("/.config/quorvel/registry.json"));
