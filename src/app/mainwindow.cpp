@@ -9,6 +9,7 @@
 #include "common/tracelines.h"
 #include "media/mediaprobe.h"
 #include "menus/menubarview.h"
+#include "menus/menukeys.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
 #include "playback/systempower.h"
@@ -120,14 +121,14 @@ void MainWindow::connectParts()
             [this](Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
                 if (button != Qt::RightButton || !m_menuView)
                     return;
-                if (QMenu *menu = m_menuView->menuFor(QStringLiteral("PlayList")))
+                if (QMenu *menu = m_menuView->menuFor(menukey::PlayList))
                     menu->popup(m_listWidget->mapToGlobal(QPoint(x, y)));
             });
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
             [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
     connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });
     connect(m_videoFrame, &VideoFrame::rightClicked, this, [this](QPoint pos) {
-        if (QMenu *menu = m_menuView ? m_menuView->menuFor(QStringLiteral("Play")) : nullptr)
+        if (QMenu *menu = m_menuView ? m_menuView->menuFor(menukey::Play) : nullptr)
             menu->popup(m_videoFrame->mapToGlobal(pos));
     });
     connect(m_player.get(), &Player::itemStarted, this, [this] { m_videoFrame->showLogo(false); });

@@ -5,6 +5,7 @@
 
 #include "common/logging.h"
 #include "common/tracelines.h"
+#include "menus/menukeys.h"
 #include "playback/player.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
@@ -30,10 +31,10 @@ void MainWindow::LoadHistory()
     });
     connect(&m_menu, &MenuModel::MenuItemClick, this, [this](int position) {
         const QString key = m_menu.KeyAt(position);
-        if (!key.startsWith(u"History"))
+        if (!key.startsWith(menukey::HistoryPrefix))
             return;
         bool ok = false;
-        const int slot = key.mid(7).toInt(&ok);
+        const int slot = key.mid(menukey::HistoryPrefix.size()).toInt(&ok);
         if (ok)
             playHistoryEntry(slot);
     });

@@ -10,6 +10,7 @@
 #include "common/logging.h"
 #include "common/tracelines.h"
 #include "menus/menubarview.h"
+#include "menus/menukeys.h"
 #include "playback/player.h"
 #include "playback/vlcengine.h"
 #include "playlist/playlist.h"
@@ -229,7 +230,7 @@ void MainWindow::runSkinCommand(SkinCommand c)
         t.cmdPlayListClick();
         break;
     case SkinCommand::Dvd:
-        if (QMenu *dvd = m_menuView ? m_menuView->menuFor(QStringLiteral("OpenDVD")) : nullptr)
+        if (QMenu *dvd = m_menuView ? m_menuView->menuFor(menukey::OpenDVD) : nullptr)
             dvd->popup(mapToGlobal(QPoint(55, height() - 44)));
         break;
     case SkinCommand::Open:

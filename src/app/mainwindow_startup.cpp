@@ -4,7 +4,6 @@
 
 #include "mainwindow.h"
 
-#include "app/configfile.h"
 #include "app/handoffserver.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
@@ -21,6 +20,7 @@
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
 #include "playlist/playlist.h"
+#include "settings/configfile.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -92,8 +92,9 @@ void MainWindow::InitPlayer()
     m_playlist = std::make_unique<Playlist>(*m_thumbList, *m_probe, m_notifier);
     m_player = std::make_unique<Player>(*m_engine, m_settings, m_playback, *m_playlist);
     m_power = std::make_unique<playback::LogindPower>();
-    m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, m_menu,
-                                              *m_power, *this);
+    m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, *m_power,
+                                              *this);
+    connectTransportToMenu();
     m_chooser = std::make_unique<playlist::DialogFileChooser>(this);
     m_openFiles = std::make_unique<playlist::FileOpener>(
         *m_chooser, [this](const QString &title, const QString &file, bool fullScreen, bool forcePlay) {

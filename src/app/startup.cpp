@@ -1,8 +1,8 @@
 #include "startup.h"
 
-#include "app/configfile.h"
 #include "common/logging.h"
 #include "common/tracelines.h"
+#include "settings/configfile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -54,16 +54,6 @@ TEST(FancyListModel, SelectionFollowsAddRemoveAndClear)
     EXPECT_EQ(std::pair(m.Count(), m.SelectedItem()), std::pair(0, -1));
 }
 
-TEST(FancyListModel, ScrollRangeAndScrollBarRule)
-{
-    // rows (80 pixels each), surface height, scroll range
-    const int cases[][3] = {{10, 400, 400}, {5, 400, 0}, {5, 399, 1}, {0, 10, 0}, {0, 0, 0}};
-    for (auto [rows, surface, range] : cases) {
-        EXPECT_EQ(ModelWith(rows).scrollMax(surface), range) << rows << " in " << surface;
-        EXPECT_EQ(ModelWith(rows).scrollBarVisible(surface), range > 0) << rows << " in " << surface;
-    }
-}
-
 TEST(FancyListModel, HitTestAtRowBorders)
 {
     FancyListModel m = ModelWith(3);

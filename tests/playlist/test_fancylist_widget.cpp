@@ -3,7 +3,6 @@
 #include "playlist/fancylist.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -144,22 +143,6 @@ TEST(FancyList, DrawsRowsSeparatorsSelectionAndFittedThumbnails)
     p.end();
     for (auto [x, colour] : {std::pair{33, black}, {35, QColor(Qt::red)}, {48, QColor(Qt::red)}, {51, black}})
         EXPECT_EQ(target.pixelColor(x, 40), colour) << x;
-
-    // A screenshot of a focused list with odd titles, for a reviewer.
-    ListFixture shot(0, QSize(360, 330));
-    for (const char *title : {"Holiday at the lake, summer 2024 - part one of three.mkv", "portrait phone clip.mp4",
-                              "An extremely long title without any spaces_0123456789_abcdefghij.flv"})
-        shot.list.AddItem(QString::fromUtf8(title), frame.scaled(24, 60));
-    QImage focused(shot.list.size(), QImage::Format_RGB32);
-    QPainter fp(&focused);
-    FancyListPaint how;
-    how.surface = shot.list.size();
-    how.focusFrame = true;
-    EXPECT_EQ(PaintFancyList(fp, shot.list.model(), c, shot.list.Font(), how), 3);
-    fp.end();
-    const QString dir = QStringLiteral(QUORVEL_PROGRAM_DIR "/test-output");
-    QDir().mkpath(dir);
-    EXPECT_TRUE(focused.save(dir + QStringLiteral("/fancylist-focus.png")));
 }
 
 TEST(FancyList, MouseAndWheel)

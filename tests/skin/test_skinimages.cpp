@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QPainter>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -77,26 +76,6 @@ TEST(SkinImages, MissingOrBrokenFileEmptiesItsSlotAndAllLaterOnes)
     EXPECT_EQ(images.LoadSkinImages(empty.path() + "/"), 0);
     EXPECT_FALSE(images.LoadProgressBack(empty.path() + "/"));
     EXPECT_TRUE(test::CommittedSkin().button(SkinSet::Play, 4).isNull());
-}
-
-TEST(SkinImages, DrawSkinImageScalesIntoTheRectangle)
-{
-    QImage source(2, 1, QImage::Format_RGB32);
-    source.setPixel(0, 0, qRgb(255, 0, 0));
-    source.setPixel(1, 0, qRgb(0, 0, 255));
-    QImage target(40, 20, QImage::Format_RGB32);
-    target.fill(Qt::black);
-    QPainter p(&target);
-    EXPECT_EQ(DrawSkinImage(p, source, 10, 5, 20, 10), (HitRect{10, 5, 30, 15}));
-    // a picture that was never loaded draws nothing and cannot be hit
-    EXPECT_TRUE(DrawSkinImage(p, QImage(), 0, 0, 40, 20).isEmpty());
-    p.end();
-    for (auto [x, y, colour] : {std::tuple{11, 6, qRgb(255, 0, 0)},
-                                {28, 14, qRgb(0, 0, 255)},
-                                {9, 5, qRgb(0, 0, 0)},
-                                {30, 10, qRgb(0, 0, 0)},
-                                {20, 15, qRgb(0, 0, 0)}})
-        EXPECT_EQ(target.pixel(x, y), colour) << x << "," << y;
 }
 
 TEST(SkinImages, HitTestFindsLowestIndexWithExclusiveEdges)

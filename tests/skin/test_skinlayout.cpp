@@ -69,21 +69,3 @@ TEST(SkinLayout, PlayButtonPlaceRoundsHalvesToEven)
         EXPECT_EQ(l.buttons[BtnPause].left, px + 69) << width;
     }
 }
-
-TEST(SkinLayout, HitRectanglesOfControlButtonsEndAboveTheirDrawnBottom)
-{
-    const SkinLayout l = SkinLayout::Compute({388, 515});
-    const SkinRects hit = RaiseHitBottoms(l.buttons);
-    // window buttons and the title bar keep their full height
-    for (int i : {BtnClose, BtnMaxmize, BtnMinimize, BtnTitleBar})
-        EXPECT_EQ(hit[i], l.buttons[i]);
-    // Play: 83 high, drawn from 428 to 511, reacts only down to 487
-    EXPECT_EQ(hit[BtnPlay], (HitRect{160, 428, 229, 487}));
-    SkinRects one{};
-    one[BtnSound] = {5, 5, 5, 40}; // empty stays empty
-    EXPECT_TRUE(RaiseHitBottoms(one)[BtnSound].isEmpty());
-    // the window icon lies inside the title bar, which wins as the lower index
-    EXPECT_EQ(HitTestButtons(hit, QPoint(10, 10)), BtnTitleBar);
-    EXPECT_EQ(HitTestButtons(hit, QPoint(388 - 20, 10)), BtnClose);
-    EXPECT_EQ(HitTestButtons(hit, QPoint(200, 300)), -1);
-}

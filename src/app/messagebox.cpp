@@ -1,4 +1,4 @@
-#include "notifier.h"
+#include "app/messagebox.h"
 
 #include "common/logging.h"
 #include "common/tracelines.h"
@@ -14,7 +14,6 @@
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cstdio>
 
 namespace quorvel {
 
@@ -78,12 +77,6 @@ void MessageBoxNotifier::notify(Icon icon, const QString &text)
     qCDebug(lcApp).noquote() << trace::kMessageShown
                              << QString(text).replace(QStringLiteral("\r\n"), QStringLiteral(" | "));
     box->open();
-}
-
-void StderrNotifier::notify(Icon, const QString &text)
-{
-    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
-    std::fflush(stderr);
 }
 
 } // namespace quorvel
