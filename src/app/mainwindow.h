@@ -18,6 +18,7 @@
 #include "settings/keyvaluestore.h"
 #include "settings/settings.h"
 #include "skin/skincontroller.h"
+#include "skin/textellipsis.h"
 
 #include <QHash>
 #include <QWidget>
@@ -34,6 +35,8 @@ class QTimer;
 
 namespace quorvel {
 
+class DriveList;
+class DvdPlayback;
 class FancyList;
 class FancyListThumbList;
 class Transport;
@@ -80,6 +83,8 @@ public:
     Player &player() { return *m_player; }
     Transport &transport() { return *m_transport; }
     MenuModel &menu() { return m_menu; }
+    // Drive enumeration and DVD playing (the Open DVD entries route here).
+    DvdPlayback &dvd() { return *m_dvd; }
     const AppTables &tables() const { return m_tables; }
     bool isLoading() const { return m_isLoading; }
 
@@ -121,6 +126,7 @@ private:
     void togglePlaylist() override;
     void closeWindow() override;
     void controlsChanged() override;
+    void enableDvdCheck() override;
     void onListDoubleClicked(int index);
     void flashCaption();
 
@@ -136,6 +142,11 @@ private:
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
     void playHistoryEntry(int slot);
+    // DVDs: the drive list, the check timer and "Open DVD folder or image...".
+    void setupDvd();
+    void openDvdSource();
+    // Plays the first DVD-Video folder or image of `files` and returns the rest.
+    QStringList playDvdAmong(const QStringList &files);
 
 public:
     // Places the playlist beside, above, below or over the video (codes 0-4)
@@ -170,8 +181,8 @@ private:
     WindowResizer m_resizer;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;
-    QSize m_askedSize;          // the size last asked for during an edge drag
-    int m_captionFlags = 16384; // path ellipsis
+    QSize m_askedSize; // the size last asked for during an edge drag
+    int m_captionFlags = PathEllipsis;
 
     MessageBoxNotifier m_notifier;
     std::unique_ptr<RunningMarker> m_marker;
@@ -188,6 +199,9 @@ private:
     std::unique_ptr<UnixSignalWatcher> m_signals;
     std::unique_ptr<KeyValueStore> m_store;
     std::unique_ptr<RecentHistory> m_history;
+    std::unique_ptr<DriveList> m_drives;
+    std::unique_ptr<DvdPlayback> m_dvd;
+    QString m_dvdFolder; // where "Open DVD folder or image..." opens
 };
 
 } // namespace quorvel

@@ -7,6 +7,7 @@
 #include "common/logging.h"
 #include "common/paths.h"
 #include "common/tracelines.h"
+#include "menus/helptopics.h"
 #include "menus/menubarview.h"
 #include "menus/menukeys.h"
 #include "playback/player.h"
@@ -157,6 +158,8 @@ void MainWindow::onMenuItemClick(int position)
         t.cmdNextClick();
     } else if (key == menukey::Previous) {
         t.cmdPreviousClick();
+    } else if (key == menukey::HelpTopics) {
+        ShowHelpTopics(m_tables.AppPath);
     }
 }
 

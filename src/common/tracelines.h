@@ -7,9 +7,10 @@ namespace quorvel::trace {
 
 inline constexpr char kAdded[] = "added"; // added "<path>" as entry <n>
 inline constexpr char kAsEntry[] = "as entry";
-inline constexpr char kStarted[] = "started";      // started "<path>" monotonic= <ms>
-inline constexpr char kItemEnded[] = "item ended"; // item ended "<path>"
-inline constexpr char kTick[] = "tick state=";     // tick state=<n> time=<ms> length=<ms>
+inline constexpr char kStarted[] = "started";                         // started "<path>" monotonic= <ms>
+inline constexpr char kItemEnded[] = "item ended";                    // item ended "<path>"
+inline constexpr char kTick[] = "tick state=";                        // tick state=<n> time=<ms> length=<ms>
+inline constexpr char kEnginePlaying[] = "engine playing monotonic="; // <ms>, when libVLC starts playing
 inline constexpr char kMediaControl[] = "media control";
 inline constexpr char kAfterPlay[] = "after-play action";
 inline constexpr char kSeek[] = "seek";

@@ -62,7 +62,12 @@ private:
     QVector<MenuItem> m_items;
 };
 
+inline const QString kNoDvdDrivesCaption = QStringLiteral("<No DVD drives were found>");
+
 // Builds the program's menu in its fixed order.
 void BuildMenu(MenuModel &menu);
+// Shows the captions of the drives in "DVDList0" ... "DVDList5"; without
+// drives, "DVDList0" says so, disabled.
+void ShowDvdDrives(MenuModel &menu, const QStringList &captions);
 
 } // namespace quorvel

@@ -20,14 +20,6 @@ inline void PrintTo(const QString &text, std::ostream *os)
 
 namespace {
 
-QString nul(std::initializer_list<const char *> parts)
-{
-    QStringList list;
-    for (const char *p : parts)
-        list << QString::fromUtf8(p);
-    return list.join(QChar(u'\0'));
-}
-
 // Answers with a prepared choice and remembers how it was asked.
 class ScriptedChooser final : public FileChooser {
 public:
@@ -50,50 +42,16 @@ struct Add {
 
 } // namespace
 
-// The first entry offers every extension of the others; the filter text and
-// the dialog's filters are built from the same entries.
-TEST(FileOpener, FilterEntriesTextAndDialogFilters)
+// The first entry offers every extension of the others; the dialog's filters
+// are built from the same entries.
+TEST(FileOpener, FilterEntriesAndDialogFilters)
 {
     const QList<FileFilterEntry> entries = OpenFileFilterEntries();
-    QStringList rest, text{entries.value(0).caption, entries.value(0).patterns.join(u';')};
-    for (const FileFilterEntry &e : entries.mid(1)) {
+    QStringList rest;
+    for (const FileFilterEntry &e : entries.mid(1))
         rest << e.patterns;
-        text << e.caption << e.patterns.join(u';');
-    }
     EXPECT_EQ(entries.value(0).patterns, rest);
-    EXPECT_EQ(OpenFileFilterText(), text.join(u'|'));
     EXPECT_EQ(OpenFileNameFilters().size(), entries.size());
-}
-
-TEST(FileOpener, OpenFileResultsSplitJoinAndName)
-{
-    // One file: the key is the path after its first separator; several: the
-    // folder, then each name, in the order given; the root gets no second separator.
-    const std::pair<QString, QList<OpenFileEntry>> parsed[] = {
-        {"/a b/ç.mkv", {{"a b/ç.mkv", "/a b/ç.mkv"}}},
-        {nul({"/Media", "c.avi", "a.avi"}), {{"c.avi", "/Media/c.avi"}, {"a.avi", "/Media/a.avi"}}},
-        {nul({"/", "x.wav", "y.wav"}), {{"x.wav", "/x.wav"}, {"y.wav", "/y.wav"}}},
-        {nul({"/M", "a.mp3", "", ""}), {{"a.mp3", "/M/a.mp3"}}}, // trailing NULs dropped
-        {QString("/M/a.mp3") + QChar(u'\0'), {{"M/a.mp3", "/M/a.mp3"}}},
-        {"", {}},
-        {QString(3, QChar(u'\0')), {}},
-    };
-    for (const auto &[text, entries] : parsed)
-        EXPECT_EQ(ParseOpenFileResult(text), entries) << text.toStdString();
-    EXPECT_EQ(TrimTrailingNulls(nul({"a", "b", "", ""})), nul({"a", "b"}));
-    EXPECT_EQ(TrimTrailingNulls(QString(2, QChar(u'\0'))), QString(2, QChar(u'\0')));
-    const std::pair<QStringList, QString> joined[] = {
-        {{"/Media/a.avi"}, "/Media/a.avi"},
-        {{"/Media/a.avi", "/Media/b.avi"}, nul({"/Media", "a.avi", "b.avi"})},
-        {{"/a.avi", "/b.avi"}, nul({"/", "a.avi", "b.avi"})},
-        {{"/x/a.avi", "/y/b.avi"}, ""},
-    };
-    for (const auto &[files, text] : joined) {
-        EXPECT_EQ(JoinOpenFileResult(files), text) << files.join(u' ').toStdString();
-        if (!text.isEmpty()) {
-            EXPECT_EQ(FolderOfOpenFileResult(text), QFileInfo(files.first()).path());
-        }
-    }
 }
 
 TEST(FileOpener, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)

@@ -16,7 +16,7 @@ public:
     };
 
     // Scripted answers.
-    int scriptedState = Playing;
+    State scriptedState = Playing;
     double scriptedPosition = 0, scriptedTime = 0, scriptedLength = 0;
     bool scriptedVout = true;
     int scriptedStreams = 2;
@@ -55,7 +55,7 @@ public:
     void togglePause() override { calls << u"togglePause"_qs; }
     void stop() override { calls << u"stop"_qs; }
     int itemCount() const override { return static_cast<int>(items.size()); }
-    int state() const override { return control ? scriptedState : Idle; }
+    State state() const override { return control ? scriptedState : Idle; }
     double position() const override { return control ? scriptedPosition : 0; }
     void setPosition(double f) override { lastSetPosition = f; }
     double time() const override { return control ? scriptedTime : 0; }
