@@ -22,6 +22,7 @@
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
 #include "playlist/playlist.h"
+#include "settings/associations.h"
 #include "settings/configfile.h"
 
 #include <QApplication>
@@ -40,6 +41,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     BuildMenu();
     InitPlayer();
     LoadConfigurations();
+    ApplyAssociations(m_settings.AssocFlags);
     LoadHistory();
     setupDvd();
     SetPlaylistPosition(5);

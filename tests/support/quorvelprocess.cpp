@@ -39,8 +39,10 @@ QProcessEnvironment Sandbox::environment(const QString &display) const
     env.insert(QStringLiteral("XDG_RUNTIME_DIR"), path(QStringLiteral("runtime")));
     env.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("quorvel.*.debug=true"));
     env.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    env.insert(QStringLiteral("DISPLAY"), display);
-    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    if (!display.isEmpty()) {
+        env.insert(QStringLiteral("DISPLAY"), display);
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    }
     return env;
 }
 

@@ -19,8 +19,8 @@ public:
     QString configPath() const { return programDir() + QStringLiteral("/Config.cfg"); }
     QString homeDir() const { return m_dir.path() + QStringLiteral("/home"); }
     QString path(const QString &name) const { return m_dir.path() + u'/' + name; }
-    // The environment a program of this sandbox runs in on `display`.
-    QProcessEnvironment environment(const QString &display) const;
+    // The environment a program of this sandbox runs in (on `display` when given).
+    QProcessEnvironment environment(const QString &display = QString()) const;
 
 private:
     QTemporaryDir m_dir;
