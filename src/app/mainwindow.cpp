@@ -6,6 +6,7 @@
 #include "app/videoframe.h"
 #include "common/logging.h"
 #include "common/paths.h"
+#include "common/tracelines.h"
 #include "media/mediaprobe.h"
 #include "menus/menubarview.h"
 #include "menus/menukeys.h"
@@ -144,7 +145,7 @@ void MainWindow::connectParts()
 
 void MainWindow::onListClicked(int index)
 {
-    qCDebug(lcApp) << "playlist row chosen" << index;
+    qCDebug(lcApp) << trace::kRowChosen << index;
     if (m_settings.PlayMode != PlayShuffle)
         m_transport->sequence().setCursor(index);
 }
@@ -177,7 +178,7 @@ void MainWindow::enterFullScreen(bool on)
     const auto step = m_windowStates.setFullScreen(on, geometry(), screenArea, m_listWidget->isVisible());
     if (!step)
         return;
-    qCDebug(lcApp) << "full screen" << on;
+    qCDebug(lcApp) << trace::kFullScreen << on;
     m_leaveFullScreen->setEnabled(on);
     m_menuBar->setVisible(!on);
     if (on) {
@@ -271,7 +272,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     if (m_engine)
         m_engine->destroyControl();
     event->accept();
-    qCDebug(lcApp) << "closed";
+    qCDebug(lcApp) << trace::kClosed;
 }
 
 } // namespace quorvel

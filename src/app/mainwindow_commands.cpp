@@ -6,6 +6,7 @@
 #include "app/mediacontrols.h"
 #include "common/logging.h"
 #include "common/paths.h"
+#include "common/tracelines.h"
 #include "menus/helptopics.h"
 #include "menus/menubarview.h"
 #include "menus/menukeys.h"
@@ -95,7 +96,7 @@ void MainWindow::applyTray()
 void MainWindow::onMenuItemClick(int position)
 {
     const QString key = m_menu.KeyAt(position);
-    qCDebug(lcApp) << "menu" << key;
+    qCDebug(lcApp) << trace::kMenu << key;
     Transport &t = *m_transport;
     if (key == menukey::OpenFile) {
         openFiles(false);

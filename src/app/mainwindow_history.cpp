@@ -4,6 +4,7 @@
 #include "mainwindow.h"
 
 #include "common/logging.h"
+#include "common/tracelines.h"
 #include "menus/menukeys.h"
 #include "playback/dvdplayback.h"
 #include "playback/player.h"
@@ -21,12 +22,12 @@ void MainWindow::LoadHistory()
     m_history = std::make_unique<RecentHistory>(*m_store);
     m_history->LoadRecentFiles();
     ShowRecentFiles(*m_history, m_menu);
-    qCDebug(lcApp) << "history loaded:" << m_history->size() << "entries";
+    qCDebug(lcApp) << trace::kHistoryLoaded << m_history->size() << "entries";
 
     connect(m_player.get(), &Player::itemStarted, this, [this](const QString &path, const QString &title) {
         if (!m_history->AddRecentFile(path, title))
             return;
-        qCDebug(lcApp) << "history added" << path;
+        qCDebug(lcApp) << trace::kHistoryAdded << path;
         ShowRecentFiles(*m_history, m_menu);
     });
     connect(&m_menu, &MenuModel::MenuItemClick, this, [this](int position) {

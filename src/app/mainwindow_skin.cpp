@@ -8,6 +8,7 @@
 #include "app/panesplitter.h"
 #include "app/videoframe.h"
 #include "common/logging.h"
+#include "common/tracelines.h"
 #include "menus/menubarview.h"
 #include "menus/menukeys.h"
 #include "playback/player.h"
@@ -71,7 +72,7 @@ void MainWindow::paintEvent(QPaintEvent *)
     m_skin->paint(painter);
     if (!m_painted) {
         m_painted = true;
-        qCDebug(lcApp) << "first paint monotonic=" << MonotonicMs();
+        qCDebug(lcApp) << trace::kFirstPaint << MonotonicMs();
     }
 }
 
@@ -155,7 +156,7 @@ void MainWindow::runSkinReaction(const SkinController::Reaction &r)
 {
     if (r.seekTo && m_playback.MediaLoaded) {
         m_engine->setPosition(*r.seekTo);
-        qCDebug(lcPlayback) << "seek" << *r.seekTo;
+        qCDebug(lcPlayback) << trace::kSeek << *r.seekTo;
     }
     if (r.volume)
         setVolume(*r.volume);
@@ -169,7 +170,7 @@ void MainWindow::setVolume(int volume)
 {
     m_engine->setVolume(volume);
     m_skin->state().volumeText = QString::number(volume);
-    qCDebug(lcPlayback) << "volume" << volume;
+    qCDebug(lcPlayback) << trace::kVolume << volume;
 }
 
 void MainWindow::runSkinCommand(SkinCommand c)
@@ -269,7 +270,7 @@ void MainWindow::showMediaInformation()
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowModality(Qt::WindowModal);
     box->open();
-    qCDebug(lcApp) << "media information shown";
+    qCDebug(lcApp) << trace::kMediaInfoShown;
 }
 
 } // namespace quorvel

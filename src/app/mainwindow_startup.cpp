@@ -10,6 +10,7 @@
 #include "common/appname.h"
 #include "common/logging.h"
 #include "common/paths.h"
+#include "common/tracelines.h"
 #include "media/ffmpegprobe.h"
 #include "playback/dvdplayback.h"
 #include "playback/player.h"
@@ -65,8 +66,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
 
     m_handoff = std::move(receiver);
     if (m_handoff) {
-        connect(m_handoff.get(), &HandoffServer::helloReceived, this,
-                [] { qCDebug(lcApp) << "a later start found this instance running"; });
+        connect(m_handoff.get(), &HandoffServer::helloReceived, this, [] { qCDebug(lcApp) << trace::kFoundRunning; });
         // Set after this start's own files, so handed-over files queue behind them.
         m_handoff->setCommandHandler(
             [this](const QString &text, std::function<void()> done) { receiveCommand(text, std::move(done)); });
@@ -74,7 +74,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     m_isLoading = false;
     m_transport->movieTimer().start();
     m_dvd->checkTimer().start();
-    qCDebug(lcApp) << "running instance ready, process" << QCoreApplication::applicationPid() << "on"
+    qCDebug(lcApp) << trace::kInstanceReady << QCoreApplication::applicationPid() << "on"
                    << QGuiApplication::platformName();
 }
 
@@ -146,7 +146,7 @@ void MainWindow::WriteConfigurations()
 void MainWindow::receiveCommand(const QString &text, std::function<void()> done)
 {
     const QStringList given = CommandLine::filesOf(text);
-    qCDebug(lcApp) << "hand-off received:" << given;
+    qCDebug(lcApp) << trace::kHandoffReceived << given;
     // A DVD cannot wait in the playlist beside files: it plays.
     const QStringList files = playDvdAmong(given);
     if (files.isEmpty()) {

@@ -1,6 +1,7 @@
 #include "app/messagebox.h"
 
 #include "common/logging.h"
+#include "common/tracelines.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -76,7 +77,7 @@ void MessageBoxNotifier::notify(Icon icon, const QString &text)
                                 : new QMessageBox(kind, QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(QStringLiteral("QuorvelMessage"));
-    qCDebug(lcApp).noquote() << "message shown:"
+    qCDebug(lcApp).noquote() << trace::kMessageShown
                              << QString(text).replace(QStringLiteral("\r\n"), QStringLiteral(" | "));
     box->open();
 }

@@ -1,6 +1,7 @@
 #include "startup.h"
 
 #include "common/logging.h"
+#include "common/tracelines.h"
 #include "settings/configfile.h"
 
 #include <QFile>
@@ -59,7 +60,7 @@ StartupDecision StartupNegotiator::decide(const CommandLine &command, bool useNe
                                          "try again. Not opened: %1")
                               .arg(remaining.isEmpty() ? QStringLiteral("a window") : quotedList(remaining)));
         const quint64 turn = m_lock.turn();
-        qCDebug(lcApp).noquote() << "negotiating, turn" << turn << "files" << CommandLine{remaining}.handOffText();
+        qCDebug(lcApp).noquote() << trace::kNegotiating << turn << "files" << CommandLine{remaining}.handOffText();
         const InstanceRegistry::Endpoints known = m_channel.readRegistry();
         if (useNewInstance || known.command == QLatin1String("-1"))
             return becomeInstance(turn, remaining);

@@ -2,6 +2,7 @@
 
 #include "common/logging.h"
 #include "common/notifier.h"
+#include "common/tracelines.h"
 #include "playback/engineoptions.h"
 #include "playlist/playlist.h"
 
@@ -23,7 +24,7 @@ void Player::SaveVLCOptions()
 void Player::enableMediaControl(MediaAction action)
 {
     m_state.apply(action);
-    qCDebug(lcPlayback) << "media control" << int(action);
+    qCDebug(lcPlayback) << trace::kMediaControl << int(action);
     emit controlsChanged(action);
 }
 
@@ -47,7 +48,7 @@ bool Player::rebuildCaption()
 
 void Player::tell(const QString &text)
 {
-    qCWarning(lcPlayback).noquote() << "message:" << text;
+    qCWarning(lcPlayback).noquote() << trace::kMessage << text;
     if (m_notifier)
         m_notifier->notify(MessageNotifier::Icon::Exclamation, text);
 }
@@ -125,7 +126,7 @@ StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
         return StartResult::EngineFailed;
     }
     m_engine.play();
-    qCDebug(lcPlayback) << "started" << m_state.CurrentFile << "monotonic=" << MonotonicMs();
+    qCDebug(lcPlayback) << trace::kStarted << m_state.CurrentFile << "monotonic=" << MonotonicMs();
 
     if (rebuildCaption())
         emit captionChanged(m_state.CaptionText);

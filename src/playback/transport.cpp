@@ -1,6 +1,7 @@
 #include "transport.h"
 
 #include "common/logging.h"
+#include "common/tracelines.h"
 #include "playback/engine.h"
 #include "playback/monitor.h"
 #include "playback/player.h"
@@ -315,7 +316,7 @@ void Transport::DoAfter(int toDo)
 
 void Transport::DoAfterFinishPlay()
 {
-    qCDebug(lcPlayback) << "after-play action" << m_afterPlay;
+    qCDebug(lcPlayback) << trace::kAfterPlay << m_afterPlay;
     switch (m_afterPlay) {
     case AfterExit:
         m_view.closeWindow();
@@ -355,14 +356,14 @@ void Transport::tmrMovie_Timer()
         if (r.progressPercent)
             m_view.setProgressPercent(*r.progressPercent);
         m_view.setTimeText(r.timeText);
-        qCDebug(lcPlayback).nospace() << "tick state=" << m_engine.state() << " time=" << qint64(m_engine.time())
+        qCDebug(lcPlayback).nospace() << trace::kTick << m_engine.state() << " time=" << qint64(m_engine.time())
                                       << " length=" << qint64(m_engine.length());
         if (r.ended) {
             // Ended: the rules run on the next tick. An item too short for
             // a tick to see it playing has played all the same.
             m_player.itemPlays();
             m_state.MediaLoaded = false;
-            qCDebug(lcPlayback) << "item ended" << m_state.CurrentFile;
+            qCDebug(lcPlayback) << trace::kItemEnded << m_state.CurrentFile;
         }
         return;
     }

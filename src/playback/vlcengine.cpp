@@ -1,6 +1,7 @@
 #include "vlcengine.h"
 
 #include "common/logging.h"
+#include "common/tracelines.h"
 
 #include <QGuiApplication>
 #include <QUrl>
@@ -119,7 +120,7 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
         // every half second). Logging is safe from the engine's thread.
         libvlc_event_attach(
             libvlc_media_player_event_manager(m_player.get()), libvlc_MediaPlayerPlaying,
-            [](const libvlc_event_t *, void *) { qCDebug(lcPlayback) << "engine playing monotonic=" << MonotonicMs(); },
+            [](const libvlc_event_t *, void *) { qCDebug(lcPlayback) << trace::kEnginePlaying << MonotonicMs(); },
             nullptr);
     }
     libvlc_video_set_mouse_input(m_player.get(), false);

@@ -2,6 +2,7 @@
 
 #include "common/logging.h"
 #include "common/paths.h"
+#include "common/tracelines.h"
 
 #include <QCoreApplication>
 #include <QFutureWatcher>
@@ -94,7 +95,7 @@ void Playlist::addEntry(const QString &title, const QImage &picture, const QStri
     m_list.addItem(title, picture);
     m_fullPaths << path;
     m_mediaInfos << mediaInfo;
-    qCDebug(lcPlaylist) << "added" << path << "as entry" << m_fullPaths.size() - 1 << "info" << mediaInfo;
+    qCDebug(lcPlaylist) << trace::kAdded << path << trace::kAsEntry << m_fullPaths.size() - 1 << "info" << mediaInfo;
     emit entryAdded(count() - 1);
     if (m_rebuildOrder)
         m_rebuildOrder();
@@ -180,7 +181,7 @@ void Playlist::commit(Request &request)
         m_list.addItem(request.title, request.result.thumb);
         m_fullPaths << request.path;
         m_mediaInfos << request.result.mediaInfo;
-        qCDebug(lcPlaylist) << "added" << request.path << "as entry" << m_fullPaths.size() - 1;
+        qCDebug(lcPlaylist) << trace::kAdded << request.path << trace::kAsEntry << m_fullPaths.size() - 1;
         emit entryAdded(count() - 1);
     }
     if (request.forcePlay) {

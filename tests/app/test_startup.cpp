@@ -65,84 +65,54 @@ TEST(StartupNegotiator, HandsOverOrBecomesTheInstanceAndNeverDropsFilesSilently)
 {
     using Outcome = StartupDecision::Outcome;
     const InstanceRegistry::Endpoints running{u"/run/quorvel-1-77-cmd"_qs, u"/run/quorvel-1-77-chk"_qs};
+    const QStringList file{u"/m/a b.mp4"_qs};
+    // Sends follow `script`: D done, N no instance, X dropped, A no answer, U unconfirmed.
     struct Case {
         const char *name;
-        InstanceRegistry::Endpoints registry;
-        bool useNewInstance;
-        QStringList files;
-        QList<SendResult> script;
+        bool registered, useNewInstance, withFile;
+        const char *script;
         Outcome outcome;
-        int sends;
         QString message; // part of the failure text
     };
-    const QStringList file{u"/m/a b.mp4"_qs};
     const Case cases[] = {
-        {"first start ever", {}, false, file, {}, Outcome::BecomeInstance, 0, {}},
-        {"new instance asked for", running, true, file, {}, Outcome::BecomeInstance, 0, {}},
-        {"handed over", running, false, file, {SendResult::Done}, Outcome::HandedOver, 1, {}},
-        {"stale registry", running, false, file, {SendResult::NoInstance}, Outcome::BecomeInstance, 1, {}},
-        {"instance went away",
-         running,
-         false,
-         file,
-         {SendResult::Dropped, SendResult::NoInstance},
-         Outcome::BecomeInstance,
-         2,
-         {}},
-        {"always dropped",
-         running,
-         false,
-         file,
-         {SendResult::Dropped, SendResult::Dropped, SendResult::Dropped},
-         Outcome::Failed,
-         3,
-         u"\"/m/a b.mp4\""_qs},
-        {"hung instance",
-         running,
-         false,
-         file,
-         {SendResult::NoAnswer},
-         Outcome::Failed,
-         1,
+        {"first start ever", false, false, true, "", Outcome::BecomeInstance, {}},
+        {"new instance asked for", true, true, true, "", Outcome::BecomeInstance, {}},
+        {"handed over", true, false, true, "D", Outcome::HandedOver, {}},
+        {"stale registry", true, false, true, "N", Outcome::BecomeInstance, {}},
+        {"instance went away", true, false, true, "XN", Outcome::BecomeInstance, {}},
+        {"always dropped", true, false, true, "XXX", Outcome::Failed, u"\"/m/a b.mp4\""_qs},
+        {"hung instance", true, false, true, "A", Outcome::Failed,
          u"(process 77) does not answer; these files were not added: \"/m/a b.mp4\""_qs},
-        {"hung instance, plain start",
-         running,
-         false,
-         {},
-         {SendResult::NoAnswer},
-         Outcome::Failed,
-         1,
-         u"no second window"_qs},
-        {"received, never confirmed",
-         running,
-         false,
-         file,
-         {SendResult::Unconfirmed},
-         Outcome::Failed,
-         1,
-         u"has not confirmed"_qs},
+        {"hung instance, plain start", true, false, false, "A", Outcome::Failed, u"no second window"_qs},
+        {"received, never confirmed", true, false, true, "U", Outcome::Failed, u"has not confirmed"_qs},
     };
+    const QHash<char, SendResult> results{{'D', SendResult::Done},
+                                          {'N', SendResult::NoInstance},
+                                          {'X', SendResult::Dropped},
+                                          {'A', SendResult::NoAnswer},
+                                          {'U', SendResult::Unconfirmed}};
     for (const Case &c : cases) {
         QTemporaryDir dir;
         FakeChannel channel;
-        channel.registry = c.registry;
-        channel.script = c.script;
+        if (c.registered)
+            channel.registry = running;
+        for (const char *r = c.script; *r; ++r)
+            channel.script << results.value(*r);
         CommandLine command;
-        command.files = c.files;
+        if (c.withFile)
+            command.files = file;
+        const int sends = int(channel.script.size());
         const StartupDecision d
             = StartupNegotiator(channel, dir.filePath(u"lock"_qs)).decide(command, c.useNewInstance);
         EXPECT_EQ(d.outcome, c.outcome) << c.name;
-        EXPECT_EQ(channel.sent.size(), c.sends) << c.name;
+        EXPECT_EQ(channel.sent.size(), sends) << c.name;
         EXPECT_TRUE(d.message.contains(c.message)) << c.name << ": " << d.message.toStdString();
         if (c.outcome == Outcome::BecomeInstance) {
             EXPECT_EQ(channel.registry.command, d.endpoints.command) << c.name;
-            EXPECT_EQ(d.files, c.files) << c.name;
+            EXPECT_EQ(d.files, command.files) << c.name;
         }
-        if (c.sends > 0) {
-            // Files go to the command endpoint, a plain start's "Hello" to the probe.
-            EXPECT_EQ(channel.sent.first().section(u' ', 0, 0), c.files.isEmpty() ? running.probe : running.command)
-                << c.name;
-        }
+        if (sends > 0) // files go to the command endpoint, a plain start's "Hello" to the probe
+            EXPECT_EQ(channel.sent.first().section(u' ', 0, 0), c.withFile ? running.command : running.probe) << c.name;
     }
 }
 

@@ -7,20 +7,8 @@
 #include <QRegularExpression>
 #include <QUrl>
 
+using namespace quorvel;
 using namespace quorvel::test;
-
-namespace {
-
-QString xdo(const XvfbServer &x, const QStringList &args)
-{
-    QProcess p;
-    p.setProcessEnvironment(x.environment());
-    p.start(u"xdotool"_qs, args);
-    p.waitForFinished(30000);
-    return QString::fromLatin1(p.readAllStandardOutput()).trimmed();
-}
-
-} // namespace
 
 TEST_F(E2eTest, ADvdFolderPlaysFromTheCommandLineAndOpenDvdFolderOrImageAndF1OpensTheGuide)
 {
@@ -31,7 +19,8 @@ TEST_F(E2eTest, ADvdFolderPlaysFromTheCommandLineAndOpenDvdFolderOrImageAndF1Ope
     QDir().mkpath(folder + u"/VIDEO_TS"_qs);
     for (const QString &f : QDir(made + u"/VIDEO_TS"_qs).entryList(QDir::Files))
         QFile::copy(made + u"/VIDEO_TS/"_qs + f, folder + u"/VIDEO_TS/"_qs + f);
-    const QString row = u"added \"dvd://"_qs + folder + u"\" as entry 0 info \"Video DVD\""_qs;
+    const QString row = QString::fromLatin1(trace::kAdded) + u" \"dvd://"_qs + folder + u"\" "_qs
+                        + QString::fromLatin1(trace::kAsEntry) + u" 0 info \"Video DVD\""_qs;
     // The desktop's opener stands in for the browser and notes what it got.
     const QString opened = m_box.path(u"opened.txt"_qs);
     QFile opener(m_box.path(u"xdg-open"_qs));
@@ -41,25 +30,25 @@ TEST_F(E2eTest, ADvdFolderPlaysFromTheCommandLineAndOpenDvdFolderOrImageAndF1Ope
     opener.setPermissions(opener.permissions() | QFile::ExeOwner);
 
     auto q = std::make_unique<QuorvelProcess>(m_box, x().display());
-    q->setVariable(u"PATH"_qs, m_box.path(QString()) + u':' + qEnvironmentVariable("PATH"));
+    q->setEnv(u"PATH"_qs, m_box.path(QString()) + u':' + qEnvironmentVariable("PATH"));
     q->start({folder});
     for (int start = 1; start <= 2; ++start) {
-        ASSERT_TRUE(waitForCount(*q, row, start)) << q->log().toStdString();
-        ASSERT_TRUE(waitForCount(*q, u"engine playing"_qs, start)) << q->log().toStdString();
-        const QRegularExpression playing(u"tick state=3 time=[1-9]\\d{2,}"_qs);
+        ASSERT_TRUE(q->waitForCount(row, start)) << q->log().toStdString();
+        ASSERT_TRUE(q->waitForCount(QString::fromLatin1(trace::kEnginePlaying), start)) << q->log().toStdString();
+        const QRegularExpression playing(traced(trace::kTick, u"3 time=[1-9]\\d{2,}"_qs));
         ASSERT_TRUE(waitUntil([&] { return q->log().split(row).last().contains(playing); })) << q->log().toStdString();
         EXPECT_TRUE(x().screenshot(outputDir() + u"/dvd-%1.png"_qs.arg(start)));
         if (start == 2)
             break;
         // File > Open > Open DVD > (no drives) "Open DVD folder or image...".
         keys({u"alt+f"_qs, u"Right"_qs, u"Down"_qs, u"Right"_qs, u"Up"_qs, u"Return"_qs});
-        const QString dialog = xdo(x(), {u"search"_qs, u"--sync"_qs, u"--name"_qs, u"^Open DVD folder or image"_qs});
+        const QString dialog = xdo({u"search"_qs, u"--sync"_qs, u"--name"_qs, u"^Open DVD folder or image"_qs});
         ASSERT_FALSE(dialog.isEmpty());
-        xdo(x(), {u"windowfocus"_qs, u"--sync"_qs, dialog.split(u'\n').first()});
-        xdo(x(), {u"type"_qs, u"--delay"_qs, u"2"_qs, folder});
-        xdo(x(), {u"key"_qs, u"Return"_qs});
+        xdo({u"windowfocus"_qs, u"--sync"_qs, dialog.split(u'\n').first()});
+        xdo({u"type"_qs, u"--delay"_qs, u"2"_qs, folder});
+        xdo({u"key"_qs, u"Return"_qs});
     }
-    EXPECT_FALSE(q->log().contains(u"message shown"_qs)) << q->log().toStdString();
+    EXPECT_FALSE(q->log().contains(QString::fromLatin1(trace::kMessageShown))) << q->log().toStdString();
 
     keys({u"F1"_qs});
     ASSERT_TRUE(waitUntil([&] { return QFileInfo(opened).size() > 0; })) << q->log().toStdString();

@@ -1,18 +1,15 @@
-// The real program when libVLC cannot start. libVLC looks for its plugins
-// beside its own library, so copies of the libraries in an empty folder
-// find none and the engine fails as on a broken installation.
+// The real program when libVLC cannot start, and what the probe tells a user.
+// libVLC looks for its plugins beside its own library, so copies of the
+// libraries in an empty folder find none and the engine fails as on a broken
+// installation.
 #include "e2efixture.h"
 
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
+using namespace quorvel;
 using namespace quorvel::test;
 
-namespace {
-class EngineTest : public E2eTest {};
-} // namespace
-
-TEST_F(EngineTest, AnEngineThatCannotStartIsReportedOnceAndTheWindowStaysUsable)
+TEST_F(E2eTest, AnEngineThatCannotStartIsReportedOnceAndTheWindowStaysUsable)
 {
     QString libs;
     // The engine libraries come with the player module the program loads.
@@ -28,22 +25,58 @@ TEST_F(EngineTest, AnEngineThatCannotStartIsReportedOnceAndTheWindowStaysUsable)
 
     const QString clip = makeClip(u"e2e-engine.mp4"_qs, 2, u"160x120"_qs);
     auto q = std::make_unique<QuorvelProcess>(m_box, x().display());
-    q->setVariable(u"LD_LIBRARY_PATH"_qs, lonely.path());
+    q->setEnv(u"LD_LIBRARY_PATH"_qs, lonely.path());
     q->start({copyOf(clip, u"one.mp4"_qs)});
-    ASSERT_TRUE(q->waitForLog(u"message: .*the playback engine did not start"_qs).hasMatch()) << q->log().toStdString();
+    ASSERT_TRUE(q->waitForLog(traced(trace::kMessage, u" .*the playback engine did not start"_qs)).hasMatch())
+        << q->log().toStdString();
     EXPECT_TRUE(q->log().contains(u"could not be started"_qs));
-
     // Still answering: a file handed over is added; nothing waits on
     // "Loading..." (the monitor has no engine item to poll).
     auto sender = launch({copyOf(clip, u"two.mp4"_qs)});
     ASSERT_TRUE(sender->waitForExit());
     EXPECT_EQ(sender->exitCode(), 0);
-    ASSERT_TRUE(q->waitForLog(u"as entry 1"_qs).hasMatch()) << q->log().toStdString();
-    x().screenshot(outputDir() + u"/engine-failed.png"_qs);
-    EXPECT_TRUE(q->isRunning());
-    EXPECT_EQ(q->log().count(u"message:"_qs), 1) << q->log().toStdString();
-    EXPECT_FALSE(q->log().contains(u"tick state="_qs));
+    ASSERT_TRUE(q->waitForLog(traced(trace::kAsEntry, u" 1"_qs)).hasMatch()) << q->log().toStdString();
+    shoot(u"engine-failed.png"_qs);
+    EXPECT_EQ(q->count(QString::fromLatin1(trace::kMessage)), 1) << q->log().toStdString();
+    EXPECT_EQ(q->count(QString::fromLatin1(trace::kTick)), 0);
     q->terminate();
     EXPECT_TRUE(q->waitForExit());
     EXPECT_EQ(q->exitCode(), 0);
+}
+
+// A song with cover art enters as sound with its picture, and many refused
+// files at once give one message.
+TEST_F(E2eTest, CoverArtIsSoundWithItsPictureAndManyRefusalsGiveOneMessage)
+{
+    const QString song = copyOf(
+        makeMedia(u"e2e-cover.mp3"_qs, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=330:duration=20"_qs, u"-f"_qs,
+                                        u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=200x200:rate=1:duration=1"_qs,
+                                        u"-map"_qs, u"0:a"_qs, u"-map"_qs, u"1:v"_qs, u"-frames:v"_qs, u"1"_qs,
+                                        u"-c:v"_qs, u"png"_qs, u"-disposition:v"_qs, u"attached_pic"_qs}),
+        u"song with cover.mp3"_qs);
+    auto q = launchInstance({song});
+    ASSERT_TRUE(q->waitForLog(traced(trace::kTick, u"3 time=[1-9]\\d{2,}"_qs)).hasMatch()) << q->log().toStdString();
+    const QString shown = QString::fromLatin1(trace::kMessageShown);
+    EXPECT_EQ(q->count(shown), 0) << q->log().toStdString(); // no word about a video codec
+    shoot(u"cover-art-in-playlist.png"_qs);
+
+    QStringList names;
+    for (int i = 0; i < 14; ++i) {
+        QFile f(m_box.path(u"junk/not a film %1.mp4"_qs.arg(i, 2, 10, QChar(u'0'))));
+        QDir().mkpath(m_box.path(u"junk"_qs));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("only words here\n");
+        names << u'"' + f.fileName() + u'"';
+    }
+    keys({u"ctrl+o"_qs});
+    const QString dialog = xdo({u"search"_qs, u"--sync"_qs, u"--name"_qs, u"^Open"_qs}).section(u'\n', 0, 0);
+    ASSERT_FALSE(dialog.isEmpty());
+    xdo({u"windowfocus"_qs, u"--sync"_qs, dialog});
+    xdo({u"type"_qs, u"--delay"_qs, u"2"_qs, names.join(u' ')});
+    xdo({u"key"_qs, u"Return"_qs});
+    ASSERT_TRUE(q->waitForLog(shown + u" 14 files could not be added:"_qs).hasMatch()) << q->log().toStdString();
+    EXPECT_TRUE(q->log().contains(u"not a film 13.mp4"_qs));
+    EXPECT_EQ(q->count(shown), 1);
+    ASSERT_FALSE(xdo({u"search"_qs, u"--sync"_qs, u"--name"_qs, u"^Quorvel$"_qs}).isEmpty()); // the box
+    shoot(u"gathered-refusals.png"_qs);
 }

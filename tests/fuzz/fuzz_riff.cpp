@@ -2,12 +2,12 @@
 // served as a real file (an anonymous memory file reached through /proc), so
 // the code under test reads it exactly as it reads files on disk.
 //
-// Besides libFuzzer's own byte mutations, half of the new inputs are damaged
-// copies aimed at the item headers of the input (boundary values in size
-// fields, other ids, cuts, inserted and copied ranges), which reach the
-// fields the parser trusts most. Every input must give the same answer twice,
-// never more streams than it has bytes for, and a copy cut short must report
-// only the delays of the whole file or "not yet known".
+// Besides libFuzzer's own mutations, half of the new inputs are damaged
+// copies aimed at the item headers (boundary values in size fields, other
+// ids, cuts, removed and copied ranges), the fields the parser trusts most.
+// Every input must give the same answer twice, never more streams than it
+// has bytes for, and a copy cut short must report only the delays of the
+// whole file or "not yet known".
 
 #include "media/avidelay.h"
 #include "media/riffparser.h"
@@ -15,9 +15,6 @@
 #include <QString>
 #include <QtEndian>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <random>
 #include <sys/mman.h>
@@ -30,32 +27,13 @@ extern "C" size_t LLVMFuzzerMutate(uint8_t *data, size_t size, size_t maxSize);
 
 namespace {
 
-int memoryFile()
+// Serves the bytes as the memory file; returns its path, empty on failure.
+QString serve(const uint8_t *data, size_t size)
 {
     static const int fd = memfd_create("riff-fuzz", 0);
-    if (fd < 0)
+    if (fd < 0 || ftruncate(fd, 0) != 0 || pwrite(fd, data, size, 0) != ssize_t(size))
         abort();
-    return fd;
-}
-
-bool serve(const uint8_t *data, size_t size)
-{
-    const int fd = memoryFile();
-    if (ftruncate(fd, 0) != 0)
-        return false;
-    size_t done = 0;
-    while (done < size) {
-        const ssize_t n = pwrite(fd, data + done, size - done, off_t(done));
-        if (n <= 0)
-            return false;
-        done += size_t(n);
-    }
-    return true;
-}
-
-QString servedPath()
-{
-    return QStringLiteral("/proc/self/fd/%1").arg(memoryFile());
+    return QStringLiteral("/proc/self/fd/%1").arg(fd);
 }
 
 struct Outcome {
@@ -68,10 +46,8 @@ struct Outcome {
 Outcome scan(const uint8_t *data, size_t size)
 {
     Outcome o;
-    if (!serve(data, size))
-        return o;
     clsAVIDelay delay;
-    o.ok = delay.OpenFile(servedPath());
+    o.ok = delay.OpenFile(serve(data, size));
     for (int i = 0; i < delay.StreamCount(); ++i) {
         o.delays.push_back(delay.StreamDelay(i));
         o.audio.push_back(delay.StreamIsAudio(i));
@@ -79,67 +55,46 @@ Outcome scan(const uint8_t *data, size_t size)
     return o;
 }
 
-// Where item headers start, read straight from the bytes: the file header,
-// then every chunk and list, entering lists.
-std::vector<size_t> itemOffsets(const uint8_t *data, size_t size)
-{
-    std::vector<size_t> offsets{0};
-    for (size_t at = 12; at + 8 <= size && offsets.size() < 4096;) {
-        offsets.push_back(at);
-        if (memcmp(data + at, "LIST", 4) == 0) {
-            at += 12;
-            continue;
-        }
-        const quint32 length = qFromLittleEndian<quint32>(data + at + 4);
-        at += 8 + size_t(length) + (length & 1);
-    }
-    return offsets;
-}
-
-// One damage of the kinds a broken download or a bad muxer leaves.
+// One damage of the kinds a broken download or a bad muxer leaves, at the
+// header of an item read straight from the bytes (lists are entered).
 size_t damage(uint8_t *data, size_t size, size_t maxSize, std::mt19937 &random)
 {
-    static const quint32 interesting[] = {0,          1,          2,          3,          4,         7,
-                                          8,          0x7F,       0x80,       0xFF,       0x7FFF,    0xFFFF,
-                                          0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF};
-    static const char *const ids[] = {"LIST", "RIFF", "strh", "strf", "00wb", "01wb",
-                                      "02wb", "99wb", "x1wb", "movi", "auds", "idx1"};
+    static const quint32 sizes[] = {0, 1, 2, 3, 4, 7, 8, 0xFF, 0xFFFF, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFF};
+    static const char *const ids[] = {"LIST", "RIFF", "strh", "strf", "00wb", "01wb", "99wb", "movi", "auds", "idx1"};
     const auto pick = [&random](size_t n) { return n ? size_t(random() % n) : 0; };
     if (size == 0)
         return 0;
-    const std::vector<size_t> offsets = itemOffsets(data, size);
+    std::vector<size_t> offsets{0};
+    for (size_t at = 12; at + 8 <= size && offsets.size() < 4096;) {
+        offsets.push_back(at);
+        const quint32 length = qFromLittleEndian<quint32>(data + at + 4);
+        at += memcmp(data + at, "LIST", 4) == 0 ? 12 : 8 + size_t(length) + (length & 1);
+    }
     const size_t header = offsets[pick(offsets.size())];
-    switch (pick(6)) {
-    case 0: // a boundary value into a size field
+    const size_t from = pick(size), n = std::min({size - from, 1 + pick(512), maxSize - size}), to = pick(size + 1);
+    switch (pick(5)) {
+    case 0: // a boundary value, or one off by a little, into a size field
         if (header + 8 <= size)
-            qToLittleEndian<quint32>(interesting[pick(std::size(interesting))], data + header + 4);
-        break;
-    case 1: // a size field off by a little
-        if (header + 8 <= size)
-            qToLittleEndian<quint32>(qFromLittleEndian<quint32>(data + header + 4) + quint32(pick(9)) - 4,
+            qToLittleEndian<quint32>(pick(2) ? sizes[pick(std::size(sizes))]
+                                             : qFromLittleEndian<quint32>(data + header + 4) + quint32(pick(9)) - 4,
                                      data + header + 4);
-        break;
-    case 2: // another id
+        return size;
+    case 1: // another id
         if (header + 4 <= size)
             memcpy(data + header, ids[pick(std::size(ids))], 4);
-        break;
-    case 3: // cut short
+        return size;
+    case 2: // cut short
         return pick(size);
-    case 4: { // remove a range
-        const size_t from = pick(size), n = std::min(size - from, 1 + pick(256));
+    case 3: // remove a range
         memmove(data + from, data + from + n, size - from - n);
         return size - n;
-    }
-    case 5: { // copy a range of the file somewhere else
-        const size_t from = pick(size), n = std::min({size - from, 1 + pick(512), maxSize - size});
-        const size_t to = pick(size + 1);
+    default: { // copy a range of the file somewhere else
         std::vector<uint8_t> piece(data + from, data + from + n);
         memmove(data + to + n, data + to, size - to);
         memcpy(data + to, piece.data(), n);
         return size + n;
     }
     }
-    return size;
 }
 
 } // namespace
@@ -157,38 +112,26 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t *data, size_t size, size_t max
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const Outcome first = scan(data, size);
-    if (!(scan(data, size) == first))
-        abort(); // two answers for one file
-    if (first.delays.size() > size / 8)
-        abort();
+    if (!(scan(data, size) == first) || first.delays.size() > size / 8)
+        abort(); // two answers for one file, or streams from nothing
     for (qint32 d : first.delays) {
         if (d < clsAVIDelay::kDelayGivenUp)
             abort();
     }
     if (first.ok && (size < 12 || memcmp(data, "RIFF", 4) != 0 || memcmp(data + 8, "AVI ", 4) != 0))
         abort(); // only RIFF "AVI " files are read
-
-    // A copy cut short either fails or reports the streams it reached with
-    // the delays of the whole file or "not yet known".
     if (first.ok && size > 0) {
         const Outcome cut = scan(data, size - 1 - data[size / 2] * (size - 1) / 255);
-        if (cut.ok) {
-            if (cut.delays.size() > first.delays.size())
+        for (size_t s = 0; cut.ok && s < cut.delays.size(); ++s) {
+            if (s >= first.delays.size() || cut.audio[s] != first.audio[s]
+                || (cut.delays[s] != first.delays[s] && cut.delays[s] != clsAVIDelay::kDelayUnknown))
                 abort();
-            for (size_t s = 0; s < cut.delays.size(); ++s) {
-                if ((cut.delays[s] != first.delays[s] && cut.delays[s] != clsAVIDelay::kDelayUnknown)
-                    || cut.audio[s] != first.audio[s])
-                    abort();
-            }
         }
     }
-
     // The bare walk, stepping over every second list: every item must start
     // further on than the one before.
-    if (!serve(data, size))
-        return 0;
     clsRIFFParser parser;
-    if (parser.OpenFile(servedPath())) {
+    if (parser.OpenFile(serve(data, size))) {
         qint64 previous = -1;
         bool skip = false;
         while (parser.GetChunk() && parser.ItemKind() != clsRIFFParser::Item::Eof) {

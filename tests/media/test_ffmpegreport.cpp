@@ -155,18 +155,14 @@ TEST(FfmpegReport, RefusalsAndRefusedAudio)
 
 TEST(FfmpegReport, HelpersAndTheKeptReport)
 {
-    const std::pair<const char *, float> durations[] = {
-        {"00:01:23.45", 83.4f}, {"N/A", 0}, {"02:00:00.00", 7200}, {"garbage", 0}};
-    for (const auto &[text, seconds] : durations)
+    for (auto [text, seconds] : {std::pair{"00:01:23.45", 83.4f}, {"N/A", 0.f}, {"02:00:00.00", 7200.f}, {"x", 0.f}})
         EXPECT_FLOAT_EQ(ParseDuration(QString::fromLatin1(text)), seconds) << text;
     EXPECT_EQ(
         SplitStreamFields(u"h264 (High), yuv420p(tv, bt709), 320x240 [SAR 1:1 DAR 4:3], 25 fps"_qs),
         (QStringList{u"h264 (High)"_qs, u"yuv420p(tv, bt709)"_qs, u"320x240 [SAR 1:1 DAR 4:3]"_qs, u"25 fps"_qs}));
     const MpgtxDetails d = ParseMpgtxReport(
         u"  Aspect ratio 16/9 (TV)\n  Interlaced, chroma\n  Size [720 x 576]     25.00 fps    9.80 Mbps\n"_qs);
-    EXPECT_FLOAT_EQ(d.aspectRatio, 16.0f / 9.0f);
-    EXPECT_FLOAT_EQ(d.fps, 25);
-    EXPECT_TRUE(d.interlaced);
+    EXPECT_EQ(std::tuple(d.aspectRatio, d.fps, d.interlaced), std::tuple(16.0f / 9.0f, 25.0f, true));
     EXPECT_FLOAT_EQ(ParseMpgtxReport(u"  Aspect ratio 1/1\n"_qs).aspectRatio, 1);
     EXPECT_FLOAT_EQ(ParseMpgtxReport(u"  Aspect ratio 2.21/1\n"_qs).aspectRatio, 2.21f);
     EXPECT_FALSE(ParseMpgtxReport(u"  Not interlaced, chroma format: 4:2:0\n"_qs).interlaced);
@@ -174,30 +170,22 @@ TEST(FfmpegReport, HelpersAndTheKeptReport)
     clsSource s;
     s.FileName = u"/m/a.avi"_qs;
     s.Duration = 83.4f;
-    StreamEntry v;
-    v.Type = StreamEntry::Video;
-    v.Width = 640;
-    v.Height = 480;
-    v.FPS = 25;
-    v.Compression = u"MPEG-4"_qs;
-    v.SourceAR = 640.0f / 480.0f;
-    v.DisplayAR = 2.21f;
-    v.BitRate = 900;
-    StreamEntry a;
-    a.Type = StreamEntry::Audio;
-    a.Channels = 2;
-    a.SampleRate = 44100;
-    a.Compression = u"MP3"_qs;
-    a.BitRate = 128;
-    s.Streams = {v, a};
+    s.Streams = {
+        {.Type = StreamEntry::Video,
+         .BitRate = 900,
+         .Compression = u"MPEG-4"_qs,
+         .FPS = 25,
+         .Width = 640,
+         .Height = 480,
+         .SourceAR = 640.0f / 480.0f,
+         .DisplayAR = 2.21f},
+        {.Type = StreamEntry::Audio, .BitRate = 128, .Compression = u"MP3"_qs, .Channels = 2, .SampleRate = 44100}};
     EXPECT_EQ(BuildReport(s), u"Stream information of /m/a.avi\r\nDuration  : 83.4\r\nStarttime : 0\r\n"
                               "Stream 0 (Video)\r\nWidth       : 640 pixels\r\nHeight      : 480 pixels\r\n"
                               "Framerate   : 25\r\nCompression : MPEG-4\r\nSource AR   : Normal (4:3)\r\n"
                               "DIsplay AR  : Panavision (2.21:1)\r\nBitRate     : 900 Kbit\\s\r\n"
                               "Stream 1 (Audio)\r\nChannels    : 2\r\nSamplerate  : 44100 Hz\r\n"
                               "Compression : MP3\r\nBitRate     : 128 Kbit\\s"_qs);
-    const std::pair<float, const char *> aspects[] = {
-        {16.0f / 9.0f, "Widescreen (16:9)"}, {1, "1:1"}, {1.85f, "1.85:1"}};
-    for (const auto &[ratio, name] : aspects)
+    for (auto [ratio, name] : {std::pair{16.0f / 9.0f, "Widescreen (16:9)"}, {1.f, "1:1"}, {1.85f, "1.85:1"}})
         EXPECT_EQ(GetAspectName(ratio), QString::fromLatin1(name));
 }

@@ -23,18 +23,10 @@ public:
     QStringList calls;
 
 public slots:
-    QString CanReboot()
-    {
-        calls << QStringLiteral("CanReboot");
-        return answer;
-    }
-    QString CanPowerOff()
-    {
-        calls << QStringLiteral("CanPowerOff");
-        return answer;
-    }
-    void Reboot(bool interactive) { calls << QStringLiteral("Reboot(%1)").arg(interactive ? "true" : "false"); }
-    void PowerOff(bool interactive) { calls << QStringLiteral("PowerOff(%1)").arg(interactive ? "true" : "false"); }
+    QString CanReboot() { return (calls << QStringLiteral("CanReboot"), answer); }
+    QString CanPowerOff() { return (calls << QStringLiteral("CanPowerOff"), answer); }
+    void Reboot(bool interactive) { calls << QStringLiteral("Reboot(%1)").arg(interactive); }
+    void PowerOff(bool interactive) { calls << QStringLiteral("PowerOff(%1)").arg(interactive); }
 };
 
 // A private message bus for the test's own lifetime.
@@ -72,8 +64,7 @@ private:
 // Runs the event loop until the power request reports back.
 bool waitFinished(LogindPower &power, const QString &expectedAction)
 {
-    bool done = false;
-    bool requested = false;
+    bool done = false, requested = false;
     QObject::connect(&power, &LogindPower::finished, [&](const QString &action, bool ok) {
         EXPECT_EQ(action, expectedAction);
         done = true;
@@ -101,8 +92,8 @@ TEST(LogindPower, AsksFirstThenRequestsWithoutPromptOnAPrivateBus)
         const char *answer;
         QStringList calls;
     } cases[] = {
-        {true, "yes", {"CanReboot", "Reboot(false)"}},
-        {false, "yes", {"CanPowerOff", "PowerOff(false)"}},
+        {true, "yes", {"CanReboot", "Reboot(0)"}},
+        {false, "yes", {"CanPowerOff", "PowerOff(0)"}},
         {false, "no", {"CanPowerOff"}},
         {false, "challenge", {"CanPowerOff"}},
         {true, "na", {"CanReboot"}},

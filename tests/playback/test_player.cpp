@@ -35,13 +35,9 @@ struct PlayerFixture : ::testing::Test {
         player.SaveVLCOptions();
         playlist.setPlayHandler([this](int i, bool fs) { player.PlayItem(i, fs); });
         QObject::connect(&player, &Player::controlsChanged, [this](MediaAction a) { actions << a; });
-        for (const char *name : {"one.mp4", "two words.mkv", "three.avi"}) {
-            const QString path = dir.filePath(QString::fromLatin1(name));
-            QFile f(path);
-            f.open(QIODevice::WriteOnly);
-            f.write("x");
-            f.close();
-            playlist.LoadThumb(QString::fromLatin1(name), path);
+        for (const QString name : {u"one.mp4"_qs, u"two words.mkv"_qs, u"three.avi"_qs}) {
+            QFile(dir.filePath(name)).open(QIODevice::WriteOnly);
+            playlist.LoadThumb(name, dir.filePath(name));
         }
         playlist.waitForAdds();
     }
@@ -62,8 +58,7 @@ TEST_F(PlayerFixture, PlayItemStartsAFreshControlWithTheItemsOptions)
     EXPECT_EQ(engine.calls.mid(engine.calls.size() - 4),
               (QStringList{u"destroy"_qs, u"create"_qs, u"add "_qs + playlist.fullPath(1), u"play"_qs}));
     EXPECT_EQ(state.CurrentFile, playlist.fullPath(1));
-    EXPECT_DOUBLE_EQ(state.Rate, 1.0);
-    EXPECT_TRUE(state.MediaLoaded && !state.IsHalted && !state.IsStopped);
+    EXPECT_TRUE(state.Rate == 1.0 && state.MediaLoaded && !state.IsHalted && !state.IsStopped);
     EXPECT_EQ(actions.back(), MediaAction::Playing);
 
     // The same entry again restarts on another new control.
@@ -82,8 +77,7 @@ TEST_F(PlayerFixture, AnEngineThatCannotStartSaysSoOnceAndStaysStopped)
     ASSERT_EQ(notifier.messages.size(), 1u);
     EXPECT_TRUE(notifier.texts()[0].contains(engine.scriptedFailure));
     // No control: the monitor has nothing to wait for, and play is offered again.
-    EXPECT_FALSE(engine.hasControl());
-    EXPECT_EQ(actions.back(), MediaAction::Stopped);
+    EXPECT_TRUE(!engine.hasControl() && actions.back() == MediaAction::Stopped);
 }
 
 TEST_F(PlayerFixture, CaptionFollowsTheTitleModeAndFullScreenComesAfterTheStart)

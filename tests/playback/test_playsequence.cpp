@@ -6,13 +6,6 @@
 
 using namespace quorvel;
 
-TEST(PlaySequence, RoundingIsHalfToEven)
-{
-    const std::pair<double, int> cases[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {2.51, 3}, {-0.5, 0}, {159.5, 160}};
-    for (const auto &[value, rounded] : cases)
-        EXPECT_EQ(RoundHalfEven(value), rounded) << value;
-}
-
 TEST(PlaySequence, ShuffleIsAPermutationForManySeeds)
 {
     for (quint32 seed = 1; seed <= 200; ++seed) {

@@ -29,11 +29,7 @@ struct RecordingView final : TransportView {
     QList<bool> opened;
     int closes = 0, repaints = 0;
     void setTimeText(const QString &t) override { time = t; }
-    void setRateText(const QString &t, bool v) override
-    {
-        rate = t;
-        rateVisible = v;
-    }
+    void setRateText(const QString &t, bool v) override { std::tie(rate, rateVisible) = std::pair(t, v); }
     void setProgressPercent(int) override {}
     void openFiles(bool append) override { opened << append; }
     void togglePlaylist() override {}
@@ -42,6 +38,7 @@ struct RecordingView final : TransportView {
 };
 
 struct TransportFixture : ::testing::Test {
+    void TestBody() override {}
     QTemporaryDir dir;
     Settings settings;
     PlaybackState state;
@@ -72,10 +69,7 @@ struct TransportFixture : ::testing::Test {
     {
         for (int i = 0; i < n; ++i) {
             const QString path = dir.filePath(QStringLiteral("clip%1.mp4").arg(i));
-            QFile f(path);
-            f.open(QIODevice::WriteOnly);
-            f.write("x");
-            f.close();
+            QFile(path).open(QIODevice::WriteOnly);
             playlist.LoadThumb(GetFileTitle(path), path);
         }
         playlist.waitForAdds();
@@ -108,86 +102,87 @@ struct TransportFixture : ::testing::Test {
 
 } // namespace
 
-TEST_F(TransportFixture, ContinuousRepeatAllCyclesAndNoRepeatStopsThenRunsTheAction)
+// Each mode from a start on `start`: the items played as items end, and
+// what happens after the last.
+TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
 {
-    addFiles(3);
-    transport.PBCont();
-    transport.RepeatAll();
-    start(0);
-    QList<int> played{playingIndex()};
-    for (int i = 0; i < 3; ++i) {
-        endItem();
-        played << playingIndex();
+    const struct {
+        const char *name;
+        void (Transport::*mode)();
+        void (Transport::*repeat)();
+        int after, start, ends;
+        QList<int> played; // sorted for shuffle
+        bool stops;
+        QStringList power;
+        int closes;
+    } cases[] = {
+        {"continuous, repeat all",
+         &Transport::PBCont,
+         &Transport::RepeatAll,
+         AfterExit,
+         0,
+         4,
+         {0, 1, 2, 0, 1},
+         false,
+         {},
+         0},
+        {"continuous, no repeat", &Transport::PBCont, &Transport::RepeatNone, AfterExit, 0, 3, {0, 1, 2}, true, {}, 1},
+        {"single", &Transport::PBCont, &Transport::RepeatSingle, AfterExit, 1, 1, {1}, false, {}, 0},
+        {"normal", &Transport::PBNormal, &Transport::RepeatAll, AfterShutdown, 0, 1, {0}, true, {u"powerOff"_qs}, 0},
+        {"shuffle", &Transport::PBShuffle, &Transport::RepeatNone, AfterDoNothing, 0, 3, {0, 1, 2}, true, {}, 0},
+    };
+    for (const auto &c : cases) {
+        TransportFixture f;
+        f.SetUp();
+        f.addFiles(3);
+        (f.transport.*c.mode)();
+        (f.transport.*c.repeat)();
+        f.transport.DoAfter(c.after);
+        f.list.setSelectedItem(c.start);
+        f.transport.sequence().setCursor(c.start);
+        f.player.PlayItem(f.transport.sequence().indexAt(c.start), false);
+        const int controls = f.engine.controlsCreated;
+        QList<int> played{f.playingIndex()};
+        for (int i = 0; i < c.ends; ++i) {
+            f.endItem();
+            if (f.state.MediaLoaded && f.playingIndex() != played.last())
+                played << f.playingIndex();
+        }
+        EXPECT_EQ(f.view.closes, 0) << c.name; // not before the stop has settled
+        f.settle();
+        if (c.mode == &Transport::PBShuffle)
+            std::sort(played.begin(), played.end());
+        EXPECT_EQ(played, c.played) << c.name;
+        EXPECT_EQ(f.state.IsStopped && f.state.IsHalted && !f.state.MediaLoaded, c.stops) << c.name;
+        EXPECT_EQ(f.power.requests, c.power) << c.name;
+        EXPECT_EQ(f.view.closes, c.closes) << c.name;
+        if (!c.stops) {
+            EXPECT_TRUE(f.state.MediaLoaded && f.playingIndex() == played.last()) << c.name;
+        }
+        if (c.repeat == &Transport::RepeatSingle) { // the same item again on the same control
+            EXPECT_EQ(f.engine.controlsCreated, controls);
+            EXPECT_EQ(f.engine.calls.mid(f.engine.calls.size() - 2), (QStringList{u"stop"_qs, u"play"_qs}));
+        }
+        if (c.stops) {
+            EXPECT_EQ(f.view.time, u"00:00:00 / 00:00:00"_qs) << c.name;
+        }
     }
-    EXPECT_EQ(played, (QList<int>{0, 1, 2, 0}));
-    EXPECT_EQ(list.selectedItem(), 0);
-
-    transport.RepeatNone();
-    transport.DoAfter(AfterExit);
-    endItem(); // 0 -> 1
-    endItem(); // 1 -> 2
-    EXPECT_EQ(playingIndex(), 2);
-    endItem(); // the last: stop, wait, then the action
-    EXPECT_TRUE(state.IsStopped);
-    EXPECT_EQ(view.closes, 0); // not before the stop has settled
-    EXPECT_TRUE(transport.isStopping());
-    settle();
-    EXPECT_EQ(view.closes, 1);
-    EXPECT_FALSE(state.MediaLoaded);
-    EXPECT_TRUE(state.IsHalted && state.IsStopped);
-    EXPECT_EQ(view.time, u"00:00:00 / 00:00:00"_qs);
 }
 
-TEST_F(TransportFixture, SingleRepeatPlaysTheSameItemOnTheSameControl)
+TEST_F(TransportFixture, ButtonsWithNothingOrNothingPlayable)
 {
-    addFiles(2);
-    transport.RepeatSingle();
-    start(1);
-    const int controls = engine.controlsCreated;
-    endItem();
-    settle();
-    EXPECT_EQ(engine.controlsCreated, controls);
-    EXPECT_EQ(engine.calls.mid(engine.calls.size() - 2), (QStringList{u"stop"_qs, u"play"_qs}));
+    transport.CMDPlayClick(); // an empty list: the chooser opens
+    EXPECT_EQ(view.opened, QList<bool>{false});
+    addFiles(3);
+    transport.CMDPlayClick(); // entries only added: the controls switch, the engine has nothing
     EXPECT_TRUE(state.MediaLoaded);
-    EXPECT_EQ(playingIndex(), 1);
-}
+    EXPECT_EQ(engine.itemCount(), 0);
+    player.enableMediaControl(MediaAction::Stopped);
+    engine.calls.clear();
+    transport.cmdStopClick();
+    EXPECT_TRUE(engine.calls.isEmpty() && !transport.isStopping());
 
-TEST_F(TransportFixture, ShufflePlaysEachItemOnceARound)
-{
-    addFiles(5);
-    transport.PBShuffle();
-    transport.RepeatNone();
-    list.setSelectedItem(0);
-    transport.sequence().setCursor(0);
-    player.PlayItem(transport.sequence().indexAt(0), false);
-    QList<int> played{playingIndex()};
-    for (int i = 0; i < 4; ++i) {
-        endItem();
-        played << playingIndex();
-    }
-    std::sort(played.begin(), played.end());
-    EXPECT_EQ(played, (QList<int>{0, 1, 2, 3, 4}));
-    endItem();
-    settle();
-    EXPECT_TRUE(state.IsStopped);
-}
-
-TEST_F(TransportFixture, NormalModeStopsAndAsksForPowerOff)
-{
-    addFiles(2);
-    transport.PBNormal();
-    transport.RepeatAll(); // no effect in normal mode
-    transport.DoAfter(AfterShutdown);
-    start(0);
-    endItem();
-    settle();
-    EXPECT_EQ(power.requests, QStringList{u"powerOff"_qs});
-    EXPECT_EQ(playingIndex(), 0);
-}
-
-TEST_F(TransportFixture, NextAndPreviousWrapOnlyWhilePlaying)
-{
-    addFiles(3);
+    // Next and previous wrap, but not while paused.
     transport.PBCont();
     start(2);
     transport.cmdNextClick();
@@ -195,28 +190,20 @@ TEST_F(TransportFixture, NextAndPreviousWrapOnlyWhilePlaying)
     transport.cmdPreviousClick();
     EXPECT_EQ(playingIndex(), 2);
     transport.CMDPauseClick();
-    EXPECT_TRUE(state.IsHalted);
-    EXPECT_FALSE(state.MediaLoaded);
-    transport.cmdNextClick(); // paused: nothing
+    transport.cmdNextClick();
     EXPECT_EQ(playingIndex(), 2);
     transport.CMDPauseClick(); // resumes
     EXPECT_TRUE(state.MediaLoaded);
-}
 
-TEST_F(TransportFixture, PlayWithAnEmptyListOpensTheChooserAndStopNeedsAnItem)
-{
+    // An engine that cannot start: play and pause keep the stopped state, said once.
+    engine.scriptedFailure = u"libVLC could not be started"_qs;
+    start(0);
     transport.CMDPlayClick();
-    EXPECT_EQ(view.opened, QList<bool>{false});
-    // Entries only added: play switches the controls but the engine has nothing.
-    addFiles(1);
-    transport.CMDPlayClick();
-    EXPECT_TRUE(state.MediaLoaded);
-    EXPECT_EQ(engine.itemCount(), 0);
-    player.enableMediaControl(MediaAction::Stopped);
-    engine.calls.clear();
-    transport.cmdStopClick();
-    EXPECT_TRUE(engine.calls.isEmpty());
-    EXPECT_FALSE(transport.isStopping());
+    transport.CMDPauseClick();
+    transport.tmrMovie_Timer();
+    EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
+    EXPECT_FALSE(view.rateVisible); // never "Loading..."
+    EXPECT_EQ(notifier.messages.size(), 1u);
 }
 
 TEST_F(TransportFixture, SpeedFastForwardRewindAndMute)
@@ -225,13 +212,11 @@ TEST_F(TransportFixture, SpeedFastForwardRewindAndMute)
     start(0);
     for (int i = 0; i < 5; ++i) // the fifth is past the top
         transport.IncreaseRate();
-    EXPECT_DOUBLE_EQ(engine.rate, 16);
     EXPECT_EQ(view.rate, u"Playing rate:16x"_qs);
     EXPECT_FALSE(rateSteps.first);
     transport.DecreaseRate();
     EXPECT_TRUE(rateSteps.first);
-    // Fast forward runs at 10x and lets go at normal speed.
-    transport.cmdffMouseDown();
+    transport.cmdffMouseDown(); // 10x while held, then normal speed
     EXPECT_DOUBLE_EQ(engine.rate, 10);
     transport.cmdffMouseUp();
     EXPECT_DOUBLE_EQ(engine.rate, 1);
@@ -242,11 +227,7 @@ TEST_F(TransportFixture, SpeedFastForwardRewindAndMute)
     transport.StopRewind();
     EXPECT_FALSE(transport.rewindTimer().isActive());
     transport.cmdMuteClick();
-    EXPECT_TRUE(state.IsMuted && engine.muted);
-    EXPECT_EQ(view.repaints, 1);
-    // A new item starts at normal speed.
-    player.PlayItem(0, false);
-    EXPECT_DOUBLE_EQ(state.Rate, 1);
+    EXPECT_TRUE(state.IsMuted && engine.muted && view.repaints == 1);
 }
 
 TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
@@ -265,8 +246,7 @@ TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
         transport.cmdStopClick([&] { followUp = true; });
         command();
         settle();
-        EXPECT_TRUE(state.MediaLoaded && !state.IsHalted && !state.IsStopped) << name;
-        EXPECT_FALSE(followUp) << name;
+        EXPECT_TRUE(state.MediaLoaded && !state.IsHalted && !state.IsStopped && !followUp) << name;
         // The monitor follows the item again, up to its end and the advance.
         engine.scriptedTime = 1000;
         engine.scriptedLength = 3000;
@@ -278,42 +258,18 @@ TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
     }
 }
 
-TEST_F(TransportFixture, DeletedFilesAreSkippedSaidOnceAndAllGoneStops)
-{
-    addFiles(3);
-    transport.PBCont();
-    transport.RepeatAll();
-    const QStringList paths = playlist.fullPaths();
-    auto missing = [](const QString &p) { return u"Cannot open file <"_qs + p + u">\r\nThe file was not found."_qs; };
-    start(0);
-    QFile::remove(paths[1]);
-    endItem(); // 0 -> (1) -> 2
-    EXPECT_EQ(playingIndex(), 2);
-    endItem(); // 2 -> 0
-    endItem(); // 0 -> (1) -> 2, not said again
-    EXPECT_EQ(playingIndex(), 2);
-    transport.cmdPreviousClick(); // 2 -> (1) -> 0
-    EXPECT_EQ(playingIndex(), 0);
-    EXPECT_EQ(notifier.texts(), QStringList{missing(paths[1])});
-
-    QFile::remove(paths[0]);
-    QFile::remove(paths[2]);
-    endItem(); // nothing can play: stop instead of trying on every tick
-    settle();
-    EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
-    EXPECT_EQ(notifier.texts(), (QStringList{missing(paths[1]), missing(paths[2]), missing(paths[0])}));
-}
-
-TEST_F(TransportFixture, FilesTheEngineCannotOpenAreSkippedLikeDeletedOnesAndTheUserIsAlwaysTold)
+// Files deleted since they were added, or that the engine cannot open, are
+// skipped and said once while the list plays on; when nothing can play it
+// stops. What the user asks for is answered every time.
+TEST_F(TransportFixture, UnplayableFilesAreSkippedSaidOnceAndAllUnplayableStops)
 {
     addFiles(3);
     transport.PBCont();
     transport.RepeatAll();
     const QStringList paths = playlist.fullPaths();
     auto cannot = [&](int i, const char *why) { return u"Cannot open file <"_qs + paths[i] + u">\r\n"_qs + why; };
-    const char *damaged = "The file is damaged or is not a media file.";
-    // The engine reports its error state, or ends without a stream after
-    // seeming to play; the rules run on the next tick.
+    const char *damaged = "The file is damaged or is not a media file.", *gone = "The file was not found.";
+    // The engine reports its error state, or ends without a stream after seeming to play.
     bool viaError = false;
     auto fail = [&] {
         engine.scriptedStreams = 0;
@@ -322,45 +278,31 @@ TEST_F(TransportFixture, FilesTheEngineCannotOpenAreSkippedLikeDeletedOnesAndThe
         transport.tmrMovie_Timer();
         engine.scriptedState = (viaError = !viaError) ? Engine::Error : Engine::Ended;
         transport.tmrMovie_Timer();
-        ASSERT_FALSE(state.MediaLoaded);
         transport.tmrMovie_Timer();
         engine.scriptedStreams = 2;
     };
     start(0);
-    fail(); // 0 -> 1
-    EXPECT_EQ(playingIndex(), 1);
+    fail();    // 0 -> 1
     endItem(); // 1 -> 2
     endItem(); // 2 -> 0
     fail();    // 0 again, not said again -> 1
     EXPECT_EQ(playingIndex(), 1);
-    fail(); // 1 -> 2
-    fail(); // 2 -> 0
-    fail(); // nothing can play: stop
+    QFile::remove(paths[2]);
+    endItem(); // 1 -> (2) -> 0
+    EXPECT_EQ(playingIndex(), 0);
+    transport.cmdPreviousClick(); // 0 -> (2) -> 1
+    EXPECT_EQ(playingIndex(), 1);
+    fail(); // 1 -> (2) -> 0
+    fail(); // nothing can play: stop instead of trying on every tick
     settle();
     EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
-    EXPECT_EQ(notifier.texts(), (QStringList{cannot(0, damaged), cannot(1, damaged), cannot(2, damaged)}));
+    EXPECT_EQ(notifier.texts(), (QStringList{cannot(0, damaged), cannot(2, gone), cannot(1, damaged)}));
 
-    // What the user asks for is answered every time.
     notifier.messages.clear();
-    start(2);
+    start(1);
     fail();
     settle();
-    QFile::remove(paths[1]);
-    start(1);
-    start(1);
-    EXPECT_EQ(notifier.texts(), (QStringList{cannot(2, damaged), cannot(1, "The file was not found."),
-                                             cannot(1, "The file was not found.")}));
-}
-
-TEST_F(TransportFixture, WithAnEngineThatCannotStartPlayAndPauseKeepTheStoppedState)
-{
-    addFiles(1);
-    engine.scriptedFailure = u"libVLC could not be started"_qs;
-    start(0);
-    transport.CMDPlayClick();
-    transport.CMDPauseClick();
-    transport.tmrMovie_Timer();
-    EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
-    EXPECT_FALSE(view.rateVisible); // never "Loading..."
-    EXPECT_EQ(notifier.messages.size(), 1u);
+    start(2);
+    start(2);
+    EXPECT_EQ(notifier.texts(), (QStringList{cannot(1, damaged), cannot(2, gone), cannot(2, gone)}));
 }

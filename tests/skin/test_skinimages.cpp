@@ -4,13 +4,10 @@
 
 #include "skin/skinimages.h"
 
-#include <QCursor>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QPainter>
 #include <QTemporaryDir>
-#include <QWidget>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
@@ -81,30 +78,6 @@ TEST(SkinImages, MissingOrBrokenFileEmptiesItsSlotAndAllLaterOnes)
     EXPECT_TRUE(test::CommittedSkin().button(SkinSet::Play, 4).isNull());
 }
 
-TEST(SkinImages, DrawSkinImageScalesIntoTheRectangle)
-{
-    QImage source(2, 1, QImage::Format_RGB32);
-    source.setPixel(0, 0, qRgb(255, 0, 0));
-    source.setPixel(1, 0, qRgb(0, 0, 255));
-    QImage target(40, 20, QImage::Format_RGB32);
-    target.fill(Qt::black);
-    QPainter p(&target);
-    EXPECT_EQ(DrawSkinImage(p, source, 10, 5, 20, 10), (HitRect{10, 5, 30, 15}));
-    // a picture that was never loaded draws nothing and cannot be hit
-    EXPECT_TRUE(DrawSkinImage(p, QImage(), 0, 0, 40, 20).isEmpty());
-    p.end();
-    const struct {
-        int x, y;
-        QRgb colour;
-    } pixels[] = {{11, 6, qRgb(255, 0, 0)},
-                  {28, 14, qRgb(0, 0, 255)},
-                  {9, 5, qRgb(0, 0, 0)},
-                  {30, 10, qRgb(0, 0, 0)},
-                  {20, 15, qRgb(0, 0, 0)}};
-    for (const auto &px : pixels)
-        EXPECT_EQ(target.pixel(px.x, px.y), px.colour) << px.x << "," << px.y;
-}
-
 TEST(SkinImages, HitTestFindsLowestIndexWithExclusiveEdges)
 {
     std::array<HitRect, 24> rects{};
@@ -121,19 +94,4 @@ TEST(SkinImages, HitTestFindsLowestIndexWithExclusiveEdges)
     for (auto [point, index] : cases)
         EXPECT_EQ(HitTestButtons(rects, point), index) << point.x() << "," << point.y();
     EXPECT_EQ(HitTestButtons(rects, static_cast<const QWidget *>(nullptr)), -1);
-}
-
-TEST(SkinImages, HitTestOverAWindowReadsTheLivePointer)
-{
-    QWidget window;
-    window.setGeometry(100, 120, 388, 515);
-    window.show();
-    std::array<HitRect, 24> rects{};
-    rects[8] = {160, 428, 229, 487};
-    QCursor::setPos(window.mapToGlobal(QPoint(170, 430)));
-    if (window.mapFromGlobal(QCursor::pos()) != QPoint(170, 430))
-        GTEST_SKIP() << "this platform cannot place the pointer";
-    EXPECT_EQ(HitTestButtons(rects, &window), 8);
-    QCursor::setPos(window.mapToGlobal(QPoint(170, 487)));
-    EXPECT_EQ(HitTestButtons(rects, &window), -1);
 }

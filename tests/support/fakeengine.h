@@ -17,9 +17,7 @@ public:
 
     // Scripted answers.
     State scriptedState = Playing;
-    double scriptedPosition = 0;
-    double scriptedTime = 0;
-    double scriptedLength = 0;
+    double scriptedPosition = 0, scriptedTime = 0, scriptedLength = 0;
     bool scriptedVout = true;
     int scriptedStreams = 2;
     QString scriptedFailure; // an engine that cannot start
@@ -27,17 +25,14 @@ public:
     // What happened.
     QStringList calls;
     int controlsCreated = 0;
-    bool control = false;
+    bool control = false, muted = false, fullscreen = false;
     QList<Item> items;
-    double rate = 1.0;
+    double rate = 1.0, lastSetPosition = -1;
     int volume = -1;
-    bool muted = false;
-    bool fullscreen = false;
-    double lastSetPosition = -1;
 
     void createControl() override
     {
-        log("create");
+        calls << u"create"_qs;
         control = scriptedFailure.isEmpty();
         ++controlsCreated;
         items.clear();
@@ -45,56 +40,33 @@ public:
     QString failure() const override { return scriptedFailure; }
     void destroyControl() override
     {
-        log("destroy");
+        calls << u"destroy"_qs;
         control = false;
         items.clear();
     }
     bool hasControl() const override { return control; }
     void playlistAdd(const QString &mrl, const QString &, const QStringList &options) override
     {
-        log("add " + mrl);
+        calls << u"add "_qs + mrl;
         if (control)
             items.append({mrl, options});
     }
-    void play() override { log("play"); }
-    void togglePause() override { log("togglePause"); }
-    void stop() override { log("stop"); }
+    void play() override { calls << u"play"_qs; }
+    void togglePause() override { calls << u"togglePause"_qs; }
+    void stop() override { calls << u"stop"_qs; }
     int itemCount() const override { return static_cast<int>(items.size()); }
     State state() const override { return control ? scriptedState : Idle; }
     double position() const override { return control ? scriptedPosition : 0; }
-    void setPosition(double f) override
-    {
-        log("setPosition");
-        lastSetPosition = f;
-    }
+    void setPosition(double f) override { lastSetPosition = f; }
     double time() const override { return control ? scriptedTime : 0; }
     double length() const override { return control ? scriptedLength : 0; }
     bool hasVout() const override { return control && scriptedVout; }
     int streamCount() const override { return control ? scriptedStreams : 0; }
-    void setRate(double r) override
-    {
-        log("setRate");
-        rate = r;
-    }
+    void setRate(double r) override { rate = r; }
     void setVolume(int v) override { volume = v; }
-    void toggleMute() override
-    {
-        log("toggleMute");
-        muted = !muted;
-    }
-    void setFullscreen(bool on) override
-    {
-        log("setFullscreen");
-        fullscreen = on;
-    }
-    void toggleFullscreen() override
-    {
-        log("toggleFullscreen");
-        fullscreen = !fullscreen;
-    }
-
-private:
-    void log(const QString &call) { calls << call; }
+    void toggleMute() override { muted = !muted; }
+    void setFullscreen(bool on) override { fullscreen = on; }
+    void toggleFullscreen() override { fullscreen = !fullscreen; }
 };
 
 } // namespace quorvel::test

@@ -47,18 +47,8 @@ QString makeMedia(const QString &name, const QStringList &args)
     if (QFileInfo(path).size() > 0)
         return path;
     const QString partial = testMediaDir() + QStringLiteral("/.partial-") + name;
-    QStringList all{QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"),
-                    QStringLiteral("-y")};
-    all << args;
-    const QString ext = QFileInfo(name).suffix();
-    if (!ext.isEmpty() && !args.contains(QStringLiteral("-f")))
-        all << QStringLiteral("-f")
-            << (ext == u"mkv"                    ? QStringLiteral("matroska")
-                : ext == u"mpg"                  ? QStringLiteral("mpeg")
-                : ext == u"wma" || ext == u"wmv" ? QStringLiteral("asf")
-                : ext == u"m4a"                  ? QStringLiteral("mp4")
-                                                 : ext);
-    all << partial;
+    const QStringList all = QStringList{u"-hide_banner"_qs, u"-loglevel"_qs, u"error"_qs, u"-y"_qs} + args
+                            + QStringList{partial}; // its name keeps the extension that names the container
     QString out;
     if (runTool(QStringLiteral("ffmpeg"), all, &out) != 0) {
         qWarning("ffmpeg failed for %s: %s", qPrintable(name), qPrintable(out));
@@ -73,11 +63,9 @@ QString makeMedia(const QString &name, const QStringList &args)
 QString makeClip(const QString &name, double seconds, const QString &size)
 {
     const QString d = QString::number(seconds);
-    return makeMedia(name, {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                            QStringLiteral("testsrc2=size=%1:rate=25:duration=%2").arg(size, d), QStringLiteral("-f"),
-                            QStringLiteral("lavfi"), QStringLiteral("-i"),
-                            QStringLiteral("sine=frequency=440:duration=%1").arg(d), QStringLiteral("-shortest"),
-                            QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")});
+    return makeMedia(name, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=%1:rate=25:duration=%2"_qs.arg(size, d),
+                            u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=440:duration=%1"_qs.arg(d),
+                            u"-shortest"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs});
 }
 
 QString makeDvdFolder(const QString &name, double seconds)

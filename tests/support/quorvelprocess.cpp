@@ -5,44 +5,26 @@
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QThread>
 
 namespace quorvel::test {
 
-namespace {
-void copyTree(const QString &from, const QString &to)
-{
-    QDir().mkpath(to);
-    QDirIterator it(from, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString file = it.next();
-        const QString rel = QDir(from).relativeFilePath(file);
-        QDir().mkpath(QFileInfo(to + u'/' + rel).path());
-        QFile::copy(file, to + u'/' + rel);
-    }
-}
-} // namespace
-
 Sandbox::Sandbox()
 {
-    const QString src = test::programDir();
-    const QString dst = programDir();
+    // The program, its player module and the data files it reads; not the build's own folders.
+    const QString src = test::programDir(), dst = programDir();
     QDir().mkpath(dst);
-    QFile::copy(src + QStringLiteral("/quorvel"), dst + QStringLiteral("/quorvel"));
-    QFile::copy(src + QStringLiteral("/libquorvel_player.so"), dst + QStringLiteral("/libquorvel_player.so"));
-    // The data files the program reads: everything but the build's own folders.
-    const QDir dir(src);
-    for (const QFileInfo &info : dir.entryInfoList(QDir::Files)) {
-        const QString suffix = info.suffix().toLower();
-        if (suffix == u"txt" || suffix == u"jpg" || suffix == u"png" || suffix == u"html")
-            QFile::copy(info.filePath(), dst + u'/' + info.fileName());
+    QDirIterator it(src, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString rel = QDir(src).relativeFilePath(it.next());
+        const QString top = rel.section(u'/', 0, 0), suffix = it.fileInfo().suffix().toLower();
+        const bool data = rel.contains(u'/')
+                              ? (top == u"images" || top == u"icons" || top == u"help")
+                              : QStringList{u"txt"_qs, u"jpg"_qs, u"png"_qs, u"html"_qs}.contains(suffix);
+        if (data || rel == u"quorvel" || rel == u"libquorvel_player.so") {
+            QDir().mkpath(QFileInfo(dst + u'/' + rel).path());
+            QFile::copy(it.filePath(), dst + u'/' + rel);
+        }
     }
-    for (const QString &sub : {QStringLiteral("images"), QStringLiteral("icons"), QStringLiteral("help")}) {
-        if (dir.exists(sub))
-            copyTree(src + u'/' + sub, dst + u'/' + sub);
-    }
-    QFile::remove(dst + QStringLiteral("/Config.cfg"));
     QDir().mkpath(homeDir());
     QDir().mkpath(path(QStringLiteral("runtime")));
     QFile::setPermissions(path(QStringLiteral("runtime")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -64,10 +46,10 @@ QProcessEnvironment Sandbox::environment(const QString &display) const
     return env;
 }
 
-QuorvelProcess::QuorvelProcess(const Sandbox &sandbox, const QString &display) : m_process(std::make_unique<QProcess>())
+QuorvelProcess::QuorvelProcess(const Sandbox &box, const QString &display) : m_process(std::make_unique<QProcess>())
 {
-    m_process->setProgram(sandbox.program());
-    m_process->setProcessEnvironment(sandbox.environment(display));
+    m_process->setProgram(box.program());
+    m_process->setProcessEnvironment(box.environment(display));
     m_process->setProcessChannelMode(QProcess::MergedChannels);
     m_logPath = m_logDir.filePath(QStringLiteral("trace.log"));
     m_process->setStandardOutputFile(m_logPath);
@@ -81,10 +63,13 @@ QuorvelProcess::~QuorvelProcess()
     }
 }
 
-void QuorvelProcess::setVariable(const QString &name, const QString &value)
+void QuorvelProcess::setEnv(const QString &name, const QString &value)
 {
     QProcessEnvironment env = m_process->processEnvironment();
-    env.insert(name, value);
+    if (value.isNull())
+        env.remove(name);
+    else
+        env.insert(name, value);
     m_process->setProcessEnvironment(env);
 }
 
@@ -96,30 +81,12 @@ void QuorvelProcess::start(const QStringList &arguments)
 
 void QuorvelProcess::startShell(const QString &script)
 {
-    QProcessEnvironment env = m_process->processEnvironment();
-    env.insert(QStringLiteral("QUORVEL"), m_process->program());
-    m_process->setProcessEnvironment(env);
+    setEnv(QStringLiteral("QUORVEL"), m_process->program());
     m_process->setProgram(QStringLiteral("/bin/sh"));
-    m_process->setArguments({QStringLiteral("-c"), script});
-    m_process->start();
+    start({QStringLiteral("-c"), script});
 }
 
-void QuorvelProcess::setEnv(const QString &name, const QString &value)
-{
-    QProcessEnvironment env = m_process->processEnvironment();
-    if (value.isNull())
-        env.remove(name);
-    else
-        env.insert(name, value);
-    m_process->setProcessEnvironment(env);
-}
-
-bool QuorvelProcess::waitForStarted()
-{
-    return m_process->waitForStarted(10000);
-}
-
-QString QuorvelProcess::log()
+QString QuorvelProcess::log() const
 {
     QFile f(m_logPath);
     return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
@@ -134,21 +101,15 @@ QRegularExpressionMatch QuorvelProcess::waitForLog(const QString &pattern, int t
     return m.hasMatch() ? m : re.match(log());
 }
 
+bool QuorvelProcess::waitForCount(const QString &text, int n, int timeoutMs)
+{
+    waitUntil([&] { return count(text) >= n || !isRunning(); }, std::chrono::milliseconds(timeoutMs));
+    return count(text) >= n;
+}
+
 bool QuorvelProcess::waitForExit(int timeoutMs)
 {
-    const bool ok = m_process->state() == QProcess::NotRunning || m_process->waitForFinished(timeoutMs);
-    log();
-    return ok;
-}
-
-void QuorvelProcess::terminate()
-{
-    m_process->terminate();
-}
-
-void QuorvelProcess::kill()
-{
-    m_process->kill();
+    return m_process->state() == QProcess::NotRunning || m_process->waitForFinished(timeoutMs);
 }
 
 } // namespace quorvel::test

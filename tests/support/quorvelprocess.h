@@ -4,9 +4,7 @@
 // private home and runtime folder, and a log of what the program traces.
 
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QRegularExpression>
-#include <QString>
 #include <QTemporaryDir>
 #include <memory>
 
@@ -16,13 +14,12 @@ namespace quorvel::test {
 class Sandbox {
 public:
     Sandbox();
-    bool isValid() const { return m_dir.isValid(); }
     QString programDir() const { return m_dir.path() + QStringLiteral("/program"); }
     QString program() const { return programDir() + QStringLiteral("/quorvel"); }
     QString configPath() const { return programDir() + QStringLiteral("/Config.cfg"); }
     QString homeDir() const { return m_dir.path() + QStringLiteral("/home"); }
     QString path(const QString &name) const { return m_dir.path() + u'/' + name; }
-    // The environment a program of this sandbox runs in (DISPLAY set when given).
+    // The environment a program of this sandbox runs in (on `display` when given).
     QProcessEnvironment environment(const QString &display = QString()) const;
 
 private:
@@ -34,23 +31,22 @@ public:
     QuorvelProcess(const Sandbox &sandbox, const QString &display);
     ~QuorvelProcess();
 
-    // Sets an environment variable for the next start.
-    void setVariable(const QString &name, const QString &value);
-    void start(const QStringList &arguments);
-    // Runs `script` with /bin/sh instead, the program's path in $QUORVEL.
-    void startShell(const QString &script);
     // For the next start: sets `name`, or removes it when `value` is null.
     void setEnv(const QString &name, const QString &value);
     void setWorkingDirectory(const QString &dir) { m_process->setWorkingDirectory(dir); }
-    bool waitForStarted();
+    void start(const QStringList &arguments);
+    // Runs `script` with /bin/sh instead, the program's path in $QUORVEL.
+    void startShell(const QString &script);
     // Waits until the trace holds a line matching `pattern`; returns the match.
     QRegularExpressionMatch waitForLog(const QString &pattern, int timeoutMs = 30000);
+    // Waits until `text` stands `count` times in the trace.
+    bool waitForCount(const QString &text, int count, int timeoutMs = 60000);
     bool waitForExit(int timeoutMs = 30000);
-    void terminate(); // SIGTERM
-    void kill();      // SIGKILL
-    QString log();
+    void terminate() { m_process->terminate(); }
+    void kill() { m_process->kill(); }
+    QString log() const;
+    int count(const QString &text) const { return int(log().count(text)); }
     int exitCode() const { return m_process->exitCode(); }
-    QProcess::ExitStatus exitStatus() const { return m_process->exitStatus(); }
     qint64 pid() const { return m_process->processId(); }
     bool isRunning() const { return m_process->state() != QProcess::NotRunning; }
 

@@ -1,0 +1,33 @@
+#pragma once
+// The words of the trace lines that mark what a watcher of the program waits
+// for (a file added, an item started, a message shown, ...). The program and
+// whoever reads its trace take them from here, so the two cannot drift apart.
+
+namespace quorvel::trace {
+
+inline constexpr char kAdded[] = "added"; // added "<path>" as entry <n>
+inline constexpr char kAsEntry[] = "as entry";
+inline constexpr char kStarted[] = "started";                         // started "<path>" monotonic= <ms>
+inline constexpr char kItemEnded[] = "item ended";                    // item ended "<path>"
+inline constexpr char kTick[] = "tick state=";                        // tick state=<n> time=<ms> length=<ms>
+inline constexpr char kEnginePlaying[] = "engine playing monotonic="; // <ms>, when libVLC starts playing
+inline constexpr char kMediaControl[] = "media control";
+inline constexpr char kAfterPlay[] = "after-play action";
+inline constexpr char kSeek[] = "seek";
+inline constexpr char kVolume[] = "volume";
+inline constexpr char kMessage[] = "message:";            // a playback message, before it is shown
+inline constexpr char kMessageShown[] = "message shown:"; // its text, line breaks as " | "
+inline constexpr char kInstanceReady[] = "running instance ready, process";
+inline constexpr char kNegotiating[] = "negotiating, turn";
+inline constexpr char kHandoffReceived[] = "hand-off received:";
+inline constexpr char kFoundRunning[] = "a later start found this instance running";
+inline constexpr char kRowChosen[] = "playlist row chosen";
+inline constexpr char kMenu[] = "menu";
+inline constexpr char kMediaInfoShown[] = "media information shown";
+inline constexpr char kFullScreen[] = "full screen";
+inline constexpr char kHistoryLoaded[] = "history loaded:";
+inline constexpr char kHistoryAdded[] = "history added";
+inline constexpr char kFirstPaint[] = "first paint monotonic="; // <ms>
+inline constexpr char kClosed[] = "closed";
+
+} // namespace quorvel::trace
