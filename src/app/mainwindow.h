@@ -13,6 +13,7 @@
 #include "app/windowresizer.h"
 #include "app/windowstates.h"
 #include "common/notifier.h"
+#include "menus/commanddispatcher.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
@@ -45,7 +46,7 @@ namespace playlist {
 class DialogFileChooser;
 class FileOpener;
 } // namespace playlist
-class MenuBarView;
+class MenuView;
 class PaneSplitter;
 class Player;
 class Playlist;
@@ -54,7 +55,7 @@ class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
 
-class MainWindow : public QWidget, public TransportView {
+class MainWindow : public QWidget, public TransportView, public CommandActions {
     Q_OBJECT
 public:
     MainWindow();
@@ -80,6 +81,8 @@ public:
     Player &player() { return *m_player; }
     Transport &transport() { return *m_transport; }
     MenuModel &menu() { return m_menu; }
+    MenuModel &classicMenu() { return m_classicMenu; }
+    CommandDispatcher &commands() { return *m_dispatcher; }
     const AppTables &tables() const { return m_tables; }
     bool isLoading() const { return m_isLoading; }
 
@@ -90,6 +93,7 @@ signals:
 protected:
     bool event(QEvent *event) override; // the caption's tooltip
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override; // the player keys
     void resizeEvent(QResizeEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -102,14 +106,10 @@ private:
     void InitPlayer();
     void buildWidgets();
     void connectParts();
-    void showCaption();
     void enterFullScreen(bool on);
     // The skin: pictures, layout of the child widgets, what the mouse does.
     void layoutChildren();
     void runSkinReaction(const SkinController::Reaction &reaction);
-    void runSkinCommand(SkinCommand command);
-    void ToggleMaximize();
-    void showMediaInformation();
     void setVolume(int volume);
     void onListClicked(int index);
 
@@ -121,20 +121,33 @@ private:
     void togglePlaylist() override;
     void closeWindow() override;
     void controlsChanged() override;
+
+    // What the commands ask of the window.
+    void minimize() override;
+    void toggleMaximize() override;
+    void maximizeOrRestore() override;
+    void showMediaInformation() override;
+    void showCaption() override;
+    void popupDvdMenu() override;
+    void showSettings() override;
+    void showAbout() override;
+    void setStaysOnTop(bool on) override;
+    void openUrl(const QUrl &url) override;
+    void playHistoryEntry(int slot) override;
+    void changeVolume(int delta) override;
+    void popupClassicBranch(const QString &key, QPoint globalPos);
     void onListDoubleClicked(int index);
     void flashCaption();
 
     // The skin pictures, the menu and the states of the controls.
     void LoadSkinImages();
     void BuildMenu();
-    void onMenuItemClick(int position);
     void followMediaControl(MediaAction action);
     void updatePlaylistMenuItems();
     void applyControls(const ControlEnables &controls);
     void applyTray();
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
-    void playHistoryEntry(int slot);
 
 public:
     // Places the playlist beside, above, below or over the video (codes 0-4)
@@ -159,11 +172,13 @@ private:
     FancyList *m_listWidget = nullptr;
     QProgressBar *m_addProgress = nullptr;
     QMenuBar *m_menuBar = nullptr;
-    MenuBarView *m_menuView = nullptr;
+    MenuView *m_menuView = nullptr;
+    MenuView *m_classicView = nullptr; // the pop-up tree
     QSystemTrayIcon *m_tray = nullptr;
     QShortcut *m_leaveFullScreen = nullptr;
 
     MenuModel m_menu;
+    MenuModel m_classicMenu;
     SkinImages m_skinImages;
     std::unique_ptr<SkinController> m_skin;
     WindowResizer m_resizer;
@@ -181,6 +196,7 @@ private:
     std::unique_ptr<Player> m_player;
     std::unique_ptr<playback::PowerControl> m_power;
     std::unique_ptr<Transport> m_transport;
+    std::unique_ptr<CommandDispatcher> m_dispatcher;
     std::unique_ptr<playlist::DialogFileChooser> m_chooser;
     std::unique_ptr<playlist::FileOpener> m_openFiles;
     std::unique_ptr<HandoffServer> m_handoff;

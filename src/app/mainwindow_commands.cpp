@@ -1,19 +1,21 @@
-// The menu of the main window: building it, keeping its states in step with
-// playback and the playlist, and turning choices into commands.
+// The menus of the main window: both trees built and shown, their states
+// following playback and the playlist, and what the commands ask of the
+// window. Choosing and dispatching is the CommandDispatcher's.
 
 #include "mainwindow.h"
 
 #include "app/mediacontrols.h"
+#include "app/mediainfobox.h"
 #include "common/logging.h"
-#include "common/paths.h"
-#include "menus/menubarview.h"
-#include "playback/player.h"
-#include "playback/transport.h"
+#include "menus/menuview.h"
 #include "playlist/playlist.h"
+#include "skin/skinlayout.h"
 
-#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSystemTrayIcon>
 
 namespace quorvel {
@@ -21,8 +23,12 @@ namespace quorvel {
 void MainWindow::BuildMenu()
 {
     quorvel::BuildMenu(m_menu);
-    m_menuView = new MenuBarView(m_menu, m_menuBar);
-    connect(&m_menu, &MenuModel::MenuItemClick, this, &MainWindow::onMenuItemClick);
+    quorvel::BuildClassicMenu(m_classicMenu);
+    m_menuView = new MenuView(m_menu, m_menuBar);
+    m_classicView = new MenuView(m_classicMenu, this);
+    // The window owns the keys too, so they work while the bar is hidden
+    // (full screen).
+    addActions(m_menuView->shortcutActions());
 }
 
 void MainWindow::followMediaControl(MediaAction action)
@@ -56,77 +62,106 @@ void MainWindow::applyTray()
         m_tray = new QSystemTrayIcon(windowIcon(), this);
         m_tray->setToolTip(QStringLiteral("Quorvel"));
         // The right button opens the File branch; a left click does nothing.
-        m_tray->setContextMenu(m_menuView ? m_menuView->menuFor(QStringLiteral("File")) : nullptr);
+        m_tray->setContextMenu(m_classicView->menuFor(QStringLiteral("mnuFileMenu")));
     }
     m_tray->show();
 }
 
-void MainWindow::onMenuItemClick(int position)
+void MainWindow::popupClassicBranch(const QString &key, QPoint globalPos)
 {
-    const QString key = m_menu.KeyAt(position);
-    qCDebug(lcApp) << "menu" << key;
-    Transport &t = *m_transport;
-    if (key == u"OpenFile") {
-        openFiles(false);
-    } else if (key == u"Exit") {
-        close();
-    } else if (key == u"PlayPause") {
-        if (m_playlist->list().count() < 1) {
-            openFiles(false);
-            m_menu.setEnabled(QStringLiteral("Stop"), true);
-        } else {
-            t.CMDPauseClick();
-        }
-    } else if (key == u"Stop") {
-        t.cmdStopClick();
-        m_menu.setEnabled(QStringLiteral("Stop"), false);
-    } else if (key == u"PMNormal") {
-        t.PBNormal();
-    } else if (key == u"PMContinuous") {
-        t.PBCont();
-    } else if (key == u"PMShuffle") {
-        t.PBShuffle();
-    } else if (key == u"RMNoRepeat") {
-        t.RepeatNone();
-    } else if (key == u"RMSingleRepeat") {
-        t.RepeatSingle();
-    } else if (key == u"RMRepeatAll") {
-        t.RepeatAll();
-    } else if (key == u"FullScreen") {
-        t.cmdFulScreenClick();
-    } else if (key == u"IncreaseSpeed") {
-        t.IncreaseRate();
-    } else if (key == u"DecreaseSpeed") {
-        t.DecreaseRate();
-    } else if (key == u"ResetSpeed") {
-        t.ResetRate();
-    } else if (key == u"Donothing") {
-        t.DoAfter(AfterDoNothing);
-    } else if (key == u"ExitQuorvel") {
-        t.DoAfter(AfterExit);
-    } else if (key == u"RestartTheComputer") {
-        t.DoAfter(AfterRestart);
-    } else if (key == u"ShutdownTheComputer") {
-        t.DoAfter(AfterShutdown);
-    } else if (key == u"AddVideoFile") {
-        openFiles(true);
-        if (m_playlist->list().selectedItem() < 0)
-            m_playlist->list().setSelectedItem(0);
-        updatePlaylistMenuItems();
-    } else if (key == u"Remove") {
-        m_playlist->removeSelected();
-        updatePlaylistMenuItems();
-    } else if (key == u"RemoveAll") {
-        m_playlist->removeAll();
-        updatePlaylistMenuItems();
-        // The list is empty: the caption names no entry any more.
-        m_playback.CaptionText = QStringLiteral("Quorvel");
-        showCaption();
-    } else if (key == u"Next") {
-        t.cmdNextClick();
-    } else if (key == u"Previous") {
-        t.cmdPreviousClick();
+    if (QMenu *menu = m_classicView ? m_classicView->menuFor(key) : nullptr)
+        menu->popup(globalPos);
+}
+
+void MainWindow::popupDvdMenu()
+{
+    popupClassicBranch(QStringLiteral("mnuOpenDVD"), mapToGlobal(QPoint(55, height() - 44)));
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    // Keys the focused child left alone (the playlist keeps its arrows).
+    if (m_dispatcher && m_dispatcher->runKey(QKeySequence(event->keyCombination())))
+        event->accept();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void MainWindow::minimize()
+{
+    showMinimized();
+}
+
+void MainWindow::maximizeOrRestore()
+{
+    if (isMaximized())
+        showNormal();
+    else
+        showMaximized();
+}
+
+void MainWindow::toggleMaximize()
+{
+    // Without a window manager the window takes the screen itself.
+    const QRect available = screen() ? screen()->availableGeometry() : QRect();
+    const WindowStates::Step step = m_windowStates.toggleMaximize(geometry(), available);
+    const bool maximized = step.show == WindowStates::Show::Maximized;
+    if (maximized) {
+        m_settings.WindowLeft = x() * kTwipsPerPixel;
+        m_settings.WindowTop = y() * kTwipsPerPixel;
+        showMaximized();
+    } else {
+        showNormal();
     }
+    m_skin->buttons().setState(BtnMinimize, maximized ? StateDisabled : StateNormal);
+    if (step.geometry.isValid())
+        setGeometry(step.geometry);
+    update();
+}
+
+void MainWindow::showMediaInformation()
+{
+    auto *box = new MediaInfoBox(m_playlist->mediaInfo(m_playlist->list().selectedItem()), this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::WindowModal);
+    box->open();
+    qCDebug(lcApp) << "media information shown";
+}
+
+void MainWindow::showSettings()
+{
+    // The settings dialog is shown here once it exists.
+    qCDebug(lcApp) << "settings asked for";
+}
+
+void MainWindow::showAbout()
+{
+    // The about dialog is shown here once it exists.
+    qCDebug(lcApp) << "about asked for";
+}
+
+void MainWindow::setStaysOnTop(bool on)
+{
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == on)
+        return;
+    const bool shown = isVisible();
+    setWindowFlag(Qt::WindowStaysOnTopHint, on);
+    if (shown)
+        show(); // changing a window flag hides the window
+}
+
+void MainWindow::openUrl(const QUrl &url)
+{
+    if (!QDesktopServices::openUrl(url))
+        qCWarning(lcApp) << "no program opened" << url;
+}
+
+void MainWindow::changeVolume(int delta)
+{
+    const int volume = std::clamp(m_skin->state().volumeText.toInt() + delta, 0, 100);
+    m_skin->state().knobLeft = qRound(volume * (SkinLayout::kTrackWidth - SkinLayout::kKnobWidth) / 100.0);
+    setVolume(volume);
+    update();
 }
 
 } // namespace quorvel

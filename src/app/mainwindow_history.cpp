@@ -27,15 +27,6 @@ void MainWindow::LoadHistory()
         qCDebug(lcApp) << "history added" << path;
         ShowRecentFiles(*m_history, m_menu);
     });
-    connect(&m_menu, &MenuModel::MenuItemClick, this, [this](int position) {
-        const QString key = m_menu.KeyAt(position);
-        if (!key.startsWith(u"History"))
-            return;
-        bool ok = false;
-        const int slot = key.mid(7).toInt(&ok);
-        if (ok)
-            playHistoryEntry(slot);
-    });
 }
 
 void MainWindow::playHistoryEntry(int slot)

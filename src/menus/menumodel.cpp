@@ -3,9 +3,9 @@
 namespace quorvel {
 
 void MenuModel::AddMenuItem(const QString &parentKey, const QString &key, int kind, const QString &caption,
-                            int shortcutModifier, int shortcutKey, bool checked, bool enabled, bool visible)
+                            const QKeySequence &shortcut, bool checked, bool enabled, bool visible)
 {
-    m_items.push_back({key, parentKey, kind, caption, shortcutModifier, shortcutKey, checked, enabled, visible});
+    m_items.push_back({key, parentKey, kind, caption, shortcut, checked, enabled, visible});
 }
 
 int MenuModel::IndexOfKey(const QString &key) const
@@ -73,6 +73,12 @@ bool MenuModel::isEnabled(const QString &key) const
     return valid(i) && m_items[i].enabled;
 }
 
+bool MenuModel::isVisible(const QString &key) const
+{
+    const int i = IndexOfKey(key);
+    return valid(i) && m_items[i].visible;
+}
+
 void MenuModel::checkOneOf(const QStringList &group, const QString &key)
 {
     for (const QString &k : group)
@@ -85,37 +91,43 @@ void MenuModel::choose(int position)
         emit MenuItemClick(position);
 }
 
+void MenuModel::open(int position)
+{
+    if (valid(position))
+        emit branchOpening(position);
+}
+
 void BuildMenu(MenuModel &m)
 {
     using K = MenuItem::Kind;
-    constexpr int ctrl = 2;
+    auto ctrl = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
     m.AddMenuItem({}, QStringLiteral("File"), K::Command, QStringLiteral("&File"));
     m.AddMenuItem(QStringLiteral("File"), QStringLiteral("OpenMenu"), K::Command, QStringLiteral("&Open"));
     m.AddMenuItem(QStringLiteral("OpenMenu"), QStringLiteral("OpenFile"), K::Command,
-                  QStringLiteral("Open Media File..."), ctrl, 79);
+                  QStringLiteral("Open Media File..."), ctrl(Qt::Key_O));
     m.AddMenuItem(QStringLiteral("OpenMenu"), QStringLiteral("OpenDVD"), K::Command, QStringLiteral("Open DVD"));
     m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList0"), K::Command,
-                  QStringLiteral("<No DVD drives were found>"), 0, 0, false, false);
+                  QStringLiteral("<No DVD drives were found>"), {}, false, false);
     for (int i = 1; i <= 5; ++i)
-        m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList%1").arg(i), K::Command, QString(), 0, 0, false,
+        m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList%1").arg(i), K::Command, QString(), {}, false,
                       true, false);
     m.AddMenuItem(QStringLiteral("File"), QStringLiteral("RecentMenu"), K::Command,
                   QStringLiteral("Recently Played Files"));
     m.AddMenuItem(QStringLiteral("RecentMenu"), QStringLiteral("History0"), K::Command, QStringLiteral("<No History>"),
-                  0, 0, false, false);
+                  {}, false, false);
     for (int i = 1; i <= 10; ++i)
-        m.AddMenuItem(QStringLiteral("RecentMenu"), QStringLiteral("History%1").arg(i), K::Command, QString(), 0, 0,
+        m.AddMenuItem(QStringLiteral("RecentMenu"), QStringLiteral("History%1").arg(i), K::Command, QString(), {},
                       false, true, false);
     m.AddMenuItem(QStringLiteral("File"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("File"), QStringLiteral("Exit"), K::Command, QStringLiteral("E&xit"), ctrl, 88);
+    m.AddMenuItem(QStringLiteral("File"), QStringLiteral("Exit"), K::Command, QStringLiteral("E&xit"), ctrl(Qt::Key_X));
 
     m.AddMenuItem({}, QStringLiteral("Play"), K::Command, QStringLiteral("&Play"));
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayPause"), K::Command, QStringLiteral("Play/Pause"), ctrl,
-                  80);
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("Stop"), K::Command, QStringLiteral("Stop"), ctrl, 83);
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayPause"), K::Command, QStringLiteral("Play/Pause"),
+                  ctrl(Qt::Key_P));
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("Stop"), K::Command, QStringLiteral("Stop"), ctrl(Qt::Key_S));
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayMode"), K::Command, QStringLiteral("Play Mode"));
-    m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMNormal"), K::Check, QStringLiteral("&Normal"), 0, 0,
+    m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMNormal"), K::Check, QStringLiteral("&Normal"), {},
                   true);
     m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMContinuous"), K::Check, QStringLiteral("&Continuous"));
     m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMShuffle"), K::Check, QStringLiteral("&Shuffle"));
@@ -125,18 +137,18 @@ void BuildMenu(MenuModel &m)
                   QStringLiteral("&Single Repeat"));
     m.AddMenuItem(QStringLiteral("RepeatMode"), QStringLiteral("RMRepeatAll"), K::Check, QStringLiteral("&Repeat All"));
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("FullScreen"), K::Command, QStringLiteral("Full Screen"), ctrl,
-                  70);
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("FullScreen"), K::Command, QStringLiteral("Full Screen"),
+                  ctrl(Qt::Key_F));
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("IncreaseSpeed"), K::Command, QStringLiteral("Increase Speed"),
-                  ctrl, 38);
+                  ctrl(Qt::Key_Up));
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("DecreaseSpeed"), K::Command, QStringLiteral("Decrease Speed"),
-                  ctrl, 40);
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("ResetSpeed"), K::Command, QStringLiteral("Reset Speed"), ctrl,
-                  82);
+                  ctrl(Qt::Key_Down));
+    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("ResetSpeed"), K::Command, QStringLiteral("Reset Speed"),
+                  ctrl(Qt::Key_R));
     m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
     m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("AfterPlay"), K::Command,
-                  QStringLiteral("After file playing finished"), ctrl, 80);
+                  QStringLiteral("After file playing finished"), ctrl(Qt::Key_P));
     m.AddMenuItem(QStringLiteral("AfterPlay"), QStringLiteral("Donothing"), K::Check, QStringLiteral("Do nothing"));
     m.AddMenuItem(QStringLiteral("AfterPlay"), QStringLiteral("ExitQuorvel"), K::Check, QStringLiteral("Exit Quorvel"));
     m.AddMenuItem(QStringLiteral("AfterPlay"), QStringLiteral("RestartTheComputer"), K::Check,
@@ -150,16 +162,17 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Remove"), K::Command, QStringLiteral("Remove"));
     m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("RemoveAll"), K::Command, QStringLiteral("Remove All"));
     m.AddMenuItem(QStringLiteral("PlayList"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Next"), K::Command, QStringLiteral("Next"), 0, 34);
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Previous"), K::Command, QStringLiteral("Previous"), 0,
-                  33);
+    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Next"), K::Command, QStringLiteral("Next"),
+                  QKeySequence(Qt::Key_PageDown));
+    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Previous"), K::Command, QStringLiteral("Previous"),
+                  QKeySequence(Qt::Key_PageUp));
 
     m.AddMenuItem({}, QStringLiteral("Tools"), K::Command, QStringLiteral("&Tools"));
     m.AddMenuItem(QStringLiteral("Tools"), QStringLiteral("Options"), K::Command, QStringLiteral("Options"));
     m.AddMenuItem({}, QStringLiteral("Help"), K::Command, QStringLiteral("&Help"));
     m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("About"), K::Command, QStringLiteral("&About"));
-    m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("HelpTopics"), K::Command, QStringLiteral("&Help Topics"), 0,
-                  112);
+    m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("HelpTopics"), K::Command, QStringLiteral("&Help Topics"),
+                  QKeySequence(Qt::Key_F1));
 }
 
 } // namespace quorvel

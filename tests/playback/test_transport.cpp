@@ -84,9 +84,9 @@ struct TransportFixture : ::testing::Test {
         engine.scriptedState = Engine::Playing;
         engine.scriptedLength = 3000;
         engine.scriptedTime = 3000;
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         ASSERT_FALSE(state.MediaLoaded);
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
     }
     // As a double-click on entry i does.
     void start(int i)
@@ -109,7 +109,7 @@ struct TransportFixture : ::testing::Test {
 TEST_F(TransportFixture, ContinuousRepeatAllCyclesAndNoRepeatStopsThenRunsTheAction)
 {
     addFiles(3);
-    transport.PBCont();
+    transport.PBContinuous();
     transport.RepeatAll();
     start(0);
     QList<int> played{playingIndex()};
@@ -186,33 +186,33 @@ TEST_F(TransportFixture, NormalModeStopsAndAsksForPowerOff)
 TEST_F(TransportFixture, NextAndPreviousWrapOnlyWhilePlaying)
 {
     addFiles(3);
-    transport.PBCont();
+    transport.PBContinuous();
     start(2);
-    transport.cmdNextClick();
+    transport.next();
     EXPECT_EQ(playingIndex(), 0);
-    transport.cmdPreviousClick();
+    transport.previous();
     EXPECT_EQ(playingIndex(), 2);
-    transport.CMDPauseClick();
+    transport.pause();
     EXPECT_TRUE(state.IsHalted);
     EXPECT_FALSE(state.MediaLoaded);
-    transport.cmdNextClick(); // paused: nothing
+    transport.next(); // paused: nothing
     EXPECT_EQ(playingIndex(), 2);
-    transport.CMDPauseClick(); // resumes
+    transport.pause(); // resumes
     EXPECT_TRUE(state.MediaLoaded);
 }
 
 TEST_F(TransportFixture, PlayWithAnEmptyListOpensTheChooserAndStopNeedsAnItem)
 {
-    transport.CMDPlayClick();
+    transport.play();
     EXPECT_EQ(view.opened, QList<bool>{false});
     // Entries only added: play switches the controls but the engine has nothing.
     addFiles(1);
-    transport.CMDPlayClick();
+    transport.play();
     EXPECT_TRUE(state.MediaLoaded);
     EXPECT_EQ(engine.itemCount(), 0);
     player.enableMediaControl(MediaAction::Stopped);
     engine.calls.clear();
-    transport.cmdStopClick();
+    transport.stop();
     EXPECT_TRUE(engine.calls.isEmpty());
     EXPECT_FALSE(transport.isStopping());
 }
@@ -229,17 +229,17 @@ TEST_F(TransportFixture, SpeedFastForwardRewindAndMute)
     transport.DecreaseRate();
     EXPECT_TRUE(menu.isEnabled(u"IncreaseSpeed"_qs));
     // Fast forward runs at 10x and lets go at normal speed.
-    transport.cmdffMouseDown();
+    transport.fastForwardPressed();
     EXPECT_DOUBLE_EQ(engine.rate, 10);
-    transport.cmdffMouseUp();
+    transport.fastForwardReleased();
     EXPECT_DOUBLE_EQ(engine.rate, 1);
     engine.scriptedPosition = 0.5;
     transport.StartRewind();
-    transport.tmrRewind_Timer();
+    transport.rewindTick();
     EXPECT_DOUBLE_EQ(engine.lastSetPosition, 0.499);
     transport.StopRewind();
     EXPECT_FALSE(transport.rewindTimer().isActive());
-    transport.cmdMuteClick();
+    transport.toggleMute();
     EXPECT_TRUE(state.IsMuted && engine.muted);
     EXPECT_EQ(view.repaints, 1);
     // A new item starts at normal speed.
@@ -250,17 +250,17 @@ TEST_F(TransportFixture, SpeedFastForwardRewindAndMute)
 TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
 {
     addFiles(3);
-    transport.PBCont();
+    transport.PBContinuous();
     const std::vector<std::pair<const char *, std::function<void()>>> commands{
-        {"next", [&] { transport.cmdNextClick(); }},
-        {"play", [&] { transport.CMDPlayClick(); }},
-        {"pause", [&] { transport.CMDPauseClick(); }},
+        {"next", [&] { transport.next(); }},
+        {"play", [&] { transport.play(); }},
+        {"pause", [&] { transport.pause(); }},
         {"double-click", [&] { start(2); }},
     };
     for (const auto &[name, command] : commands) {
         start(0);
         bool followUp = false;
-        transport.cmdStopClick([&] { followUp = true; });
+        transport.stop([&] { followUp = true; });
         command();
         settle();
         EXPECT_TRUE(state.MediaLoaded && !state.IsHalted && !state.IsStopped) << name;
@@ -268,7 +268,7 @@ TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
         // The monitor follows the item again, up to its end and the advance.
         engine.scriptedTime = 1000;
         engine.scriptedLength = 3000;
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         EXPECT_EQ(view.time, u"00:00:01 / 00:00:03"_qs) << name;
         const QString before = state.CurrentFile;
         endItem();
@@ -279,7 +279,7 @@ TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
 TEST_F(TransportFixture, DeletedFilesAreSkippedSaidOnceAndAllGoneStops)
 {
     addFiles(3);
-    transport.PBCont();
+    transport.PBContinuous();
     transport.RepeatAll();
     const QStringList paths = playlist.fullPaths();
     auto missing = [](const QString &p) { return u"Cannot open file <"_qs + p + u">\r\nThe file was not found."_qs; };
@@ -290,7 +290,7 @@ TEST_F(TransportFixture, DeletedFilesAreSkippedSaidOnceAndAllGoneStops)
     endItem(); // 2 -> 0
     endItem(); // 0 -> (1) -> 2, not said again
     EXPECT_EQ(playingIndex(), 2);
-    transport.cmdPreviousClick(); // 2 -> (1) -> 0
+    transport.previous(); // 2 -> (1) -> 0
     EXPECT_EQ(playingIndex(), 0);
     EXPECT_EQ(notifier.texts(), QStringList{missing(paths[1])});
 
@@ -305,7 +305,7 @@ TEST_F(TransportFixture, DeletedFilesAreSkippedSaidOnceAndAllGoneStops)
 TEST_F(TransportFixture, FilesTheEngineCannotOpenAreSkippedLikeDeletedOnesAndTheUserIsAlwaysTold)
 {
     addFiles(3);
-    transport.PBCont();
+    transport.PBContinuous();
     transport.RepeatAll();
     const QStringList paths = playlist.fullPaths();
     auto cannot = [&](int i, const char *why) { return u"Cannot open file <"_qs + paths[i] + u">\r\n"_qs + why; };
@@ -317,11 +317,11 @@ TEST_F(TransportFixture, FilesTheEngineCannotOpenAreSkippedLikeDeletedOnesAndThe
         engine.scriptedStreams = 0;
         engine.scriptedTime = engine.scriptedLength = 0;
         engine.scriptedState = Engine::Playing;
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         engine.scriptedState = (viaError = !viaError) ? Engine::Error : Engine::Ended;
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         ASSERT_FALSE(state.MediaLoaded);
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         engine.scriptedStreams = 2;
     };
     start(0);
@@ -355,9 +355,9 @@ TEST_F(TransportFixture, WithAnEngineThatCannotStartPlayAndPauseKeepTheStoppedSt
     addFiles(1);
     engine.scriptedFailure = u"libVLC could not be started"_qs;
     start(0);
-    transport.CMDPlayClick();
-    transport.CMDPauseClick();
-    transport.tmrMovie_Timer();
+    transport.play();
+    transport.pause();
+    transport.monitorTick();
     EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
     EXPECT_FALSE(view.rateVisible); // never "Loading..."
     EXPECT_EQ(notifier.messages.size(), 1u);
