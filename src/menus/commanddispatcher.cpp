@@ -233,6 +233,7 @@ bool CommandDispatcher::runKey(const QKeySequence &key)
     } else {
         return false;
     }
+    qCDebug(lcApp) << "key" << key.toString();
     return true;
 }
 
