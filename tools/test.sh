@@ -5,6 +5,7 @@ set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 # CI (which sets CI) builds with warnings as errors; a developer's build only shows them.
 if [ -n "${CI:-}" ]; then werror=ON; else werror=OFF; fi
+"$root/tools/includegraph.sh"
 "$root/tools/build.sh" -DQUORVEL_WERROR="$werror"
 cd "$root/build"
 ctest --output-on-failure -j"$(nproc)" "$@"

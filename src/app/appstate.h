@@ -2,8 +2,8 @@
 // Application-wide tables built once at start-up.
 
 #include "app/commandline.h"
-#include "app/configfile.h"
 #include "media/mediatables.h"
+#include "settings/configfile.h"
 
 #include <QString>
 

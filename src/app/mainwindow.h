@@ -8,16 +8,16 @@
 #include "app/appstate.h"
 #include "app/handoffserver.h"
 #include "app/mediacontrols.h"
+#include "app/messagebox.h"
 #include "app/recenthistory.h"
-#include "app/settings.h"
 #include "app/windowresizer.h"
 #include "app/windowstates.h"
-#include "common/notifier.h"
 #include "menus/commanddispatcher.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
 #include "settings/keyvaluestore.h"
+#include "settings/settings.h"
 #include "skin/skincontroller.h"
 
 #include <QHash>

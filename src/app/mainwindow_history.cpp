@@ -4,6 +4,7 @@
 #include "mainwindow.h"
 
 #include "common/logging.h"
+#include "menus/menukeys.h"
 #include "playback/player.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"

@@ -4,7 +4,6 @@
 
 #include "mainwindow.h"
 
-#include "app/configfile.h"
 #include "app/handoffserver.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
@@ -20,6 +19,7 @@
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
 #include "playlist/playlist.h"
+#include "settings/configfile.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -92,8 +92,8 @@ void MainWindow::InitPlayer()
     m_playlist = std::make_unique<Playlist>(*m_thumbList, *m_probe, m_notifier);
     m_player = std::make_unique<Player>(*m_engine, m_settings, m_playback, *m_playlist);
     m_power = std::make_unique<playback::LogindPower>();
-    m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, m_menu,
-                                              *m_power, *this);
+    m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, *m_power,
+                                              *this);
     m_dispatcher = std::make_unique<CommandDispatcher>(m_menu, m_classicMenu, *m_transport, *m_playlist, m_playback,
                                                        m_settings, *this, m_notifier);
     m_dispatcher->setProgramFolder(m_tables.AppPath);

@@ -1,5 +1,6 @@
 #include "app/mediacontrols.h"
 
+#include "menus/menukeys.h"
 #include "skin/skinlayout.h"
 
 namespace quorvel {
@@ -14,16 +15,17 @@ ControlEnables ControlsFor(MediaAction action)
     c.buttons.emplace_back(BtnPlay, !playing);
     c.buttons.emplace_back(BtnPause, playing);
     c.buttons.emplace_back(BtnStop, loaded);
-    for (const char *key : {"Stop", "FullScreen", "IncreaseSpeed", "DecreaseSpeed", "ResetSpeed"})
-        c.menuItems.emplace_back(QLatin1String(key), loaded);
+    for (QLatin1StringView key :
+         {menukey::Stop, menukey::FullScreen, menukey::IncreaseSpeed, menukey::DecreaseSpeed, menukey::ResetSpeed})
+        c.menuItems.emplace_back(key, loaded);
     return c;
 }
 
 ControlEnables PlaylistControls(bool hasEntries)
 {
     ControlEnables c;
-    for (const char *key : {"Remove", "RemoveAll", "Next", "Previous"})
-        c.menuItems.emplace_back(QLatin1String(key), hasEntries);
+    for (QLatin1StringView key : {menukey::Remove, menukey::RemoveAll, menukey::Next, menukey::Previous})
+        c.menuItems.emplace_back(key, hasEntries);
     return c;
 }
 

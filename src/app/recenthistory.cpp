@@ -1,5 +1,6 @@
 #include "app/recenthistory.h"
 
+#include "menus/menukeys.h"
 #include "menus/menumodel.h"
 #include "settings/keyvaluestore.h"
 
@@ -55,7 +56,7 @@ void RecentHistory::writeSlot(int slot)
 void ShowRecentFiles(const RecentHistory &history, MenuModel &menu)
 {
     for (int n = 0; n < RecentHistory::kSlots; ++n) {
-        const int position = menu.IndexOfKey(QStringLiteral("History%1").arg(n));
+        const int position = menu.IndexOfKey(menukey::History(n));
         const bool filled = n < history.size();
         if (filled) {
             // "&" in a file name is text, not a mnemonic mark.

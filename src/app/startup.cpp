@@ -1,7 +1,7 @@
 #include "startup.h"
 
-#include "app/configfile.h"
 #include "common/logging.h"
+#include "settings/configfile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -5,28 +5,11 @@
 #include <QGuiApplication>
 #include <QRegion>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QWidget>
 #include <algorithm>
 #include <limits>
 
 namespace quorvel {
-
-// Kept apart from the settings record: a start that only hands its files over
-// reads the settings without loading the window system's libraries.
-SettingsEnvironment SettingsEnvironment::fromSystem()
-{
-    SettingsEnvironment env;
-    env.desktopFolder = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
-    env.picturesFolder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    if (auto *app = qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
-        if (const QScreen *screen = app->primaryScreen()) {
-            env.screenWidthPx = screen->geometry().width();
-            env.screenHeightPx = screen->geometry().height();
-        }
-    }
-    return env;
-}
 
 namespace {
 

@@ -4,7 +4,7 @@
 // screen, a position on a monitor no longer attached moves onto one, so the
 // title bar can always be reached.
 
-#include "app/settings.h"
+#include "settings/settings.h"
 
 #include <QList>
 #include <QRect>

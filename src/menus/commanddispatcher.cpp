@@ -1,13 +1,14 @@
 #include "commanddispatcher.h"
 
-#include "app/settings.h"
 #include "common/logging.h"
 #include "common/notifier.h"
+#include "menus/menukeys.h"
 #include "menus/menumodel.h"
 #include "playback/engine.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
+#include "settings/settings.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,6 +39,17 @@ const QString kNoDrives = QStringLiteral("<No DVD drives were found>");
 constexpr int kSeekStepMs = 10000;
 constexpr int kVolumeStep = 5;
 
+// Checks the item of `group` at `index` and unchecks the others; an index
+// outside the group changes nothing.
+template <typename Group>
+void checkOneOf(MenuModel &menu, const Group &group, int index)
+{
+    if (index < 0 || index >= int(std::size(group)))
+        return;
+    for (int i = 0; i < int(std::size(group)); ++i)
+        menu.setChecked(group[i], i == index);
+}
+
 // The number after `prefix` in `key` ("History3" -> 3), or -1.
 int numberAfter(const QString &key, QStringView prefix)
 {
@@ -59,6 +71,23 @@ CommandDispatcher::CommandDispatcher(MenuModel &menu, MenuModel &classic, Transp
     connect(&menu, &MenuModel::MenuItemClick, this, &CommandDispatcher::runMenuItem);
     connect(&classic, &MenuModel::MenuItemClick, this, &CommandDispatcher::runClassicItem);
     connect(&classic, &MenuModel::branchOpening, this, &CommandDispatcher::classicBranchOpening);
+    // The transport says what it set; both trees show it.
+    connect(&transport, &Transport::playModeChanged, this, [this](int mode) {
+        checkOneOf(m_menu, menukey::kPlayModes, mode);
+        checkOneOf(m_classic, kClassicPlayModes, mode);
+    });
+    connect(&transport, &Transport::repeatModeChanged, this, [this](int mode) {
+        checkOneOf(m_menu, menukey::kRepeatModes, mode);
+        checkOneOf(m_classic, kClassicRepeatModes, mode);
+    });
+    connect(&transport, &Transport::afterPlayChanged, this, [this](int action) {
+        checkOneOf(m_menu, menukey::kAfterPlay, action);
+        checkOneOf(m_classic, kClassicAfterPlay, action);
+    });
+    connect(&transport, &Transport::rateStepsChanged, this, [this](bool canIncrease, bool canDecrease) {
+        m_menu.setEnabled(menukey::IncreaseSpeed, canIncrease);
+        m_menu.setEnabled(menukey::DecreaseSpeed, canDecrease);
+    });
 }
 
 void CommandDispatcher::runMenuItem(int position)

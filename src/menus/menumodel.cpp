@@ -1,4 +1,6 @@
-#include "menumodel.h"
+#include "menus/menumodel.h"
+
+#include "menus/menukeys.h"
 
 namespace quorvel {
 
@@ -101,77 +103,65 @@ void BuildMenu(MenuModel &m)
 {
     using K = MenuItem::Kind;
     auto ctrl = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
-    m.AddMenuItem({}, QStringLiteral("File"), K::Command, QStringLiteral("&File"));
-    m.AddMenuItem(QStringLiteral("File"), QStringLiteral("OpenMenu"), K::Command, QStringLiteral("&Open"));
-    m.AddMenuItem(QStringLiteral("OpenMenu"), QStringLiteral("OpenFile"), K::Command,
-                  QStringLiteral("Open Media File..."), ctrl(Qt::Key_O));
-    m.AddMenuItem(QStringLiteral("OpenMenu"), QStringLiteral("OpenDVD"), K::Command, QStringLiteral("Open DVD"));
-    m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList0"), K::Command,
-                  QStringLiteral("<No DVD drives were found>"), {}, false, false);
+    m.AddMenuItem({}, menukey::File, K::Command, QStringLiteral("&File"));
+    m.AddMenuItem(menukey::File, menukey::OpenMenu, K::Command, QStringLiteral("&Open"));
+    m.AddMenuItem(menukey::OpenMenu, menukey::OpenFile, K::Command, QStringLiteral("Open Media File..."),
+                  ctrl(Qt::Key_O));
+    m.AddMenuItem(menukey::OpenMenu, menukey::OpenDVD, K::Command, QStringLiteral("Open DVD"));
+    m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(0), K::Command, QStringLiteral("<No DVD drives were found>"), {},
+                  false, false);
     for (int i = 1; i <= 5; ++i)
-        m.AddMenuItem(QStringLiteral("OpenDVD"), QStringLiteral("DVDList%1").arg(i), K::Command, QString(), {}, false,
-                      true, false);
-    m.AddMenuItem(QStringLiteral("File"), QStringLiteral("RecentMenu"), K::Command,
-                  QStringLiteral("Recently Played Files"));
-    m.AddMenuItem(QStringLiteral("RecentMenu"), QStringLiteral("History0"), K::Command, QStringLiteral("<No History>"),
-                  {}, false, false);
+        m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(i), K::Command, QString(), {}, false, true, false);
+    m.AddMenuItem(menukey::File, menukey::RecentMenu, K::Command, QStringLiteral("Recently Played Files"));
+    m.AddMenuItem(menukey::RecentMenu, menukey::History(0), K::Command, QStringLiteral("<No History>"), {}, false,
+                  false);
     for (int i = 1; i <= 10; ++i)
-        m.AddMenuItem(QStringLiteral("RecentMenu"), QStringLiteral("History%1").arg(i), K::Command, QString(), {},
-                      false, true, false);
-    m.AddMenuItem(QStringLiteral("File"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("File"), QStringLiteral("Exit"), K::Command, QStringLiteral("E&xit"), ctrl(Qt::Key_X));
+        m.AddMenuItem(menukey::RecentMenu, menukey::History(i), K::Command, QString(), {}, false, true, false);
+    m.AddMenuItem(menukey::File, {}, K::Separator, {});
+    m.AddMenuItem(menukey::File, menukey::Exit, K::Command, QStringLiteral("E&xit"), ctrl(Qt::Key_X));
 
-    m.AddMenuItem({}, QStringLiteral("Play"), K::Command, QStringLiteral("&Play"));
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayPause"), K::Command, QStringLiteral("Play/Pause"),
-                  ctrl(Qt::Key_P));
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("Stop"), K::Command, QStringLiteral("Stop"), ctrl(Qt::Key_S));
-    m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("PlayMode"), K::Command, QStringLiteral("Play Mode"));
-    m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMNormal"), K::Check, QStringLiteral("&Normal"), {},
-                  true);
-    m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMContinuous"), K::Check, QStringLiteral("&Continuous"));
-    m.AddMenuItem(QStringLiteral("PlayMode"), QStringLiteral("PMShuffle"), K::Check, QStringLiteral("&Shuffle"));
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("RepeatMode"), K::Command, QStringLiteral("Repeat Mode"));
-    m.AddMenuItem(QStringLiteral("RepeatMode"), QStringLiteral("RMNoRepeat"), K::Check, QStringLiteral("&No Repeat"));
-    m.AddMenuItem(QStringLiteral("RepeatMode"), QStringLiteral("RMSingleRepeat"), K::Check,
-                  QStringLiteral("&Single Repeat"));
-    m.AddMenuItem(QStringLiteral("RepeatMode"), QStringLiteral("RMRepeatAll"), K::Check, QStringLiteral("&Repeat All"));
-    m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("FullScreen"), K::Command, QStringLiteral("Full Screen"),
-                  ctrl(Qt::Key_F));
-    m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("IncreaseSpeed"), K::Command, QStringLiteral("Increase Speed"),
+    m.AddMenuItem({}, menukey::Play, K::Command, QStringLiteral("&Play"));
+    m.AddMenuItem(menukey::Play, menukey::PlayPause, K::Command, QStringLiteral("Play/Pause"), ctrl(Qt::Key_P));
+    m.AddMenuItem(menukey::Play, menukey::Stop, K::Command, QStringLiteral("Stop"), ctrl(Qt::Key_S));
+    m.AddMenuItem(menukey::Play, {}, K::Separator, {});
+    m.AddMenuItem(menukey::Play, menukey::PlayMode, K::Command, QStringLiteral("Play Mode"));
+    m.AddMenuItem(menukey::PlayMode, menukey::PMNormal, K::Check, QStringLiteral("&Normal"), {}, true);
+    m.AddMenuItem(menukey::PlayMode, menukey::PMContinuous, K::Check, QStringLiteral("&Continuous"));
+    m.AddMenuItem(menukey::PlayMode, menukey::PMShuffle, K::Check, QStringLiteral("&Shuffle"));
+    m.AddMenuItem(menukey::Play, menukey::RepeatMode, K::Command, QStringLiteral("Repeat Mode"));
+    m.AddMenuItem(menukey::RepeatMode, menukey::RMNoRepeat, K::Check, QStringLiteral("&No Repeat"));
+    m.AddMenuItem(menukey::RepeatMode, menukey::RMSingleRepeat, K::Check, QStringLiteral("&Single Repeat"));
+    m.AddMenuItem(menukey::RepeatMode, menukey::RMRepeatAll, K::Check, QStringLiteral("&Repeat All"));
+    m.AddMenuItem(menukey::Play, {}, K::Separator, {});
+    m.AddMenuItem(menukey::Play, menukey::FullScreen, K::Command, QStringLiteral("Full Screen"), ctrl(Qt::Key_F));
+    m.AddMenuItem(menukey::Play, {}, K::Separator, {});
+    m.AddMenuItem(menukey::Play, menukey::IncreaseSpeed, K::Command, QStringLiteral("Increase Speed"),
                   ctrl(Qt::Key_Up));
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("DecreaseSpeed"), K::Command, QStringLiteral("Decrease Speed"),
+    m.AddMenuItem(menukey::Play, menukey::DecreaseSpeed, K::Command, QStringLiteral("Decrease Speed"),
                   ctrl(Qt::Key_Down));
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("ResetSpeed"), K::Command, QStringLiteral("Reset Speed"),
-                  ctrl(Qt::Key_R));
-    m.AddMenuItem(QStringLiteral("Play"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("Play"), QStringLiteral("AfterPlay"), K::Command,
-                  QStringLiteral("After file playing finished"), ctrl(Qt::Key_P));
-    m.AddMenuItem(QStringLiteral("AfterPlay"), QStringLiteral("Donothing"), K::Check, QStringLiteral("Do nothing"));
-    m.AddMenuItem(QStringLiteral("AfterPlay"), QStringLiteral("ExitQuorvel"), K::Check, QStringLiteral("Exit Quorvel"));
-    m.AddMenuItem(QStringLiteral("AfterPlay"), QStringLiteral("RestartTheComputer"), K::Check,
-                  QStringLiteral("Restart the Computer"));
-    m.AddMenuItem(QStringLiteral("AfterPlay"), QStringLiteral("ShutdownTheComputer"), K::Check,
-                  QStringLiteral("Shutdown the Computer"));
+    m.AddMenuItem(menukey::Play, menukey::ResetSpeed, K::Command, QStringLiteral("Reset Speed"), ctrl(Qt::Key_R));
+    m.AddMenuItem(menukey::Play, {}, K::Separator, {});
+    m.AddMenuItem(menukey::Play, menukey::AfterPlay, K::Command, QStringLiteral("After file playing finished"),
+                  ctrl(Qt::Key_P));
+    m.AddMenuItem(menukey::AfterPlay, menukey::Donothing, K::Check, QStringLiteral("Do nothing"));
+    m.AddMenuItem(menukey::AfterPlay, menukey::ExitQuorvel, K::Check, QStringLiteral("Exit Quorvel"));
+    m.AddMenuItem(menukey::AfterPlay, menukey::RestartTheComputer, K::Check, QStringLiteral("Restart the Computer"));
+    m.AddMenuItem(menukey::AfterPlay, menukey::ShutdownTheComputer, K::Check, QStringLiteral("Shutdown the Computer"));
 
-    m.AddMenuItem({}, QStringLiteral("PlayList"), K::Command, QStringLiteral("&Play&List"));
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("AddVideoFile"), K::Command,
-                  QStringLiteral("Add Media File(s)..."));
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Remove"), K::Command, QStringLiteral("Remove"));
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("RemoveAll"), K::Command, QStringLiteral("Remove All"));
-    m.AddMenuItem(QStringLiteral("PlayList"), {}, K::Separator, {});
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Next"), K::Command, QStringLiteral("Next"),
-                  QKeySequence(Qt::Key_PageDown));
-    m.AddMenuItem(QStringLiteral("PlayList"), QStringLiteral("Previous"), K::Command, QStringLiteral("Previous"),
+    m.AddMenuItem({}, menukey::PlayList, K::Command, QStringLiteral("&Play&List"));
+    m.AddMenuItem(menukey::PlayList, menukey::AddVideoFile, K::Command, QStringLiteral("Add Media File(s)..."));
+    m.AddMenuItem(menukey::PlayList, menukey::Remove, K::Command, QStringLiteral("Remove"));
+    m.AddMenuItem(menukey::PlayList, menukey::RemoveAll, K::Command, QStringLiteral("Remove All"));
+    m.AddMenuItem(menukey::PlayList, {}, K::Separator, {});
+    m.AddMenuItem(menukey::PlayList, menukey::Next, K::Command, QStringLiteral("Next"), QKeySequence(Qt::Key_PageDown));
+    m.AddMenuItem(menukey::PlayList, menukey::Previous, K::Command, QStringLiteral("Previous"),
                   QKeySequence(Qt::Key_PageUp));
 
-    m.AddMenuItem({}, QStringLiteral("Tools"), K::Command, QStringLiteral("&Tools"));
-    m.AddMenuItem(QStringLiteral("Tools"), QStringLiteral("Options"), K::Command, QStringLiteral("Options"));
-    m.AddMenuItem({}, QStringLiteral("Help"), K::Command, QStringLiteral("&Help"));
-    m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("About"), K::Command, QStringLiteral("&About"));
-    m.AddMenuItem(QStringLiteral("Help"), QStringLiteral("HelpTopics"), K::Command, QStringLiteral("&Help Topics"),
+    m.AddMenuItem({}, menukey::Tools, K::Command, QStringLiteral("&Tools"));
+    m.AddMenuItem(menukey::Tools, menukey::Options, K::Command, QStringLiteral("Options"));
+    m.AddMenuItem({}, menukey::Help, K::Command, QStringLiteral("&Help"));
+    m.AddMenuItem(menukey::Help, menukey::About, K::Command, QStringLiteral("&About"));
+    m.AddMenuItem(menukey::Help, menukey::HelpTopics, K::Command, QStringLiteral("&Help Topics"),
                   QKeySequence(Qt::Key_F1));
 }
 

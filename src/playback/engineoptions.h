@@ -1,7 +1,7 @@
 #pragma once
 // The nine option strings every item is opened with.
 
-#include "app/settings.h"
+#include "settings/settings.h"
 
 #include <QStringList>
 

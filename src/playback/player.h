@@ -3,9 +3,9 @@
 // Every way of starting an entry (adding with play, the play button, a
 // double-click, next and previous, the automatic advance) ends in PlayItem.
 
-#include "app/settings.h"
 #include "playback/engine.h"
 #include "playback/playbackstate.h"
+#include "settings/settings.h"
 
 #include <QObject>
 #include <QSet>

@@ -1,7 +1,6 @@
 #include "transport.h"
 
 #include "common/logging.h"
-#include "menus/menumodel.h"
 #include "playback/engine.h"
 #include "playback/monitor.h"
 #include "playback/player.h"
@@ -14,19 +13,13 @@
 namespace quorvel {
 
 namespace {
-const QStringList kPlayModeKeys{QStringLiteral("PMNormal"), QStringLiteral("PMContinuous"),
-                                QStringLiteral("PMShuffle")};
-const QStringList kRepeatKeys{QStringLiteral("RMNoRepeat"), QStringLiteral("RMSingleRepeat"),
-                              QStringLiteral("RMRepeatAll")};
-const QStringList kAfterPlayKeys{QStringLiteral("Donothing"), QStringLiteral("ExitQuorvel"),
-                                 QStringLiteral("RestartTheComputer"), QStringLiteral("ShutdownTheComputer")};
 const QString kResetTime = QStringLiteral("00:00:00 / 00:00:00");
 } // namespace
 
 Transport::Transport(Engine &engine, Settings &settings, PlaybackState &state, Playlist &playlist, Player &player,
-                     MenuModel &menu, playback::PowerControl &power, TransportView &view, QObject *parent)
+                     playback::PowerControl &power, TransportView &view, QObject *parent)
     : QObject(parent), m_engine(engine), m_settings(settings), m_state(state), m_playlist(playlist), m_player(player),
-      m_menu(menu), m_power(power), m_view(view)
+      m_power(power), m_view(view)
 {
     m_movieTimer.setInterval(500);
     m_movieTimer.setObjectName(QStringLiteral("tmrMovie"));
@@ -205,9 +198,11 @@ void Transport::rateChanged(bool increased, bool reachedLimit)
         return; // the engine gets the factor with a later command
     m_engine.setRate(m_state.Rate);
     m_view.setRateText(RateText(m_state.Rate), true);
-    m_menu.setEnabled(increased ? QStringLiteral("DecreaseSpeed") : QStringLiteral("IncreaseSpeed"), true);
-    if (reachedLimit)
-        m_menu.setEnabled(increased ? QStringLiteral("IncreaseSpeed") : QStringLiteral("DecreaseSpeed"), false);
+    // The step just taken can be undone; the same step again only short of the limit.
+    if (increased)
+        emit rateStepsChanged(!reachedLimit, true);
+    else
+        emit rateStepsChanged(true, !reachedLimit);
 }
 
 void Transport::IncreaseRate()
@@ -235,8 +230,7 @@ void Transport::ResetRate()
     m_state.Rate = 1.0;
     m_engine.setRate(1.0);
     m_view.setRateText(RateText(1.0), true);
-    m_menu.setEnabled(QStringLiteral("IncreaseSpeed"), true);
-    m_menu.setEnabled(QStringLiteral("DecreaseSpeed"), true);
+    emit rateStepsChanged(true, true);
 }
 
 void Transport::rebuildOrder()
@@ -247,40 +241,40 @@ void Transport::rebuildOrder()
 void Transport::PBNormal()
 {
     m_settings.PlayMode = PlayNormal;
-    m_menu.checkOneOf(kPlayModeKeys, kPlayModeKeys[0]);
+    emit playModeChanged(PlayNormal);
     m_sequence.MakeSequentialOrder(m_playlist.list().count(), m_playlist.list().selectedItem());
 }
 
 void Transport::PBContinuous()
 {
     m_settings.PlayMode = PlayContinuous;
-    m_menu.checkOneOf(kPlayModeKeys, kPlayModeKeys[1]);
+    emit playModeChanged(PlayContinuous);
     m_sequence.MakeSequentialOrder(m_playlist.list().count(), m_playlist.list().selectedItem());
 }
 
 void Transport::PBShuffle()
 {
     m_settings.PlayMode = PlayShuffle;
-    m_menu.checkOneOf(kPlayModeKeys, kPlayModeKeys[2]);
+    emit playModeChanged(PlayShuffle);
     m_sequence.MakeShuffledOrder(m_playlist.list().count(), m_playlist.list().selectedItem());
 }
 
 void Transport::RepeatNone()
 {
     m_settings.RepeatMode = RepeatNoRepeat;
-    m_menu.checkOneOf(kRepeatKeys, kRepeatKeys[0]);
+    emit repeatModeChanged(RepeatNoRepeat);
 }
 
 void Transport::RepeatSingle()
 {
     m_settings.RepeatMode = RepeatSingleItem;
-    m_menu.checkOneOf(kRepeatKeys, kRepeatKeys[1]);
+    emit repeatModeChanged(RepeatSingleItem);
 }
 
 void Transport::RepeatAll()
 {
     m_settings.RepeatMode = RepeatAllItems;
-    m_menu.checkOneOf(kRepeatKeys, kRepeatKeys[2]);
+    emit repeatModeChanged(RepeatAllItems);
 }
 
 void Transport::applyStoredModes()
@@ -315,9 +309,8 @@ void Transport::applyStoredModes()
 
 void Transport::DoAfter(int toDo)
 {
-    if (toDo >= 0 && toDo < kAfterPlayKeys.size())
-        m_menu.checkOneOf(kAfterPlayKeys, kAfterPlayKeys[toDo]);
     m_afterPlay = toDo;
+    emit afterPlayChanged(toDo);
 }
 
 void Transport::DoAfterFinishPlay()

@@ -5,10 +5,10 @@
 // the playback-state flags and the play order; what they show goes through
 // TransportView, so the same logic drives any window.
 
-#include "app/settings.h"
 #include "playback/playbackstate.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
+#include "settings/settings.h"
 
 #include <QObject>
 #include <QTimer>
@@ -17,7 +17,6 @@
 namespace quorvel {
 
 class Engine;
-class MenuModel;
 class Playlist;
 namespace playback {
 class PowerControl;
@@ -44,7 +43,7 @@ class Transport : public QObject {
     Q_OBJECT
 public:
     Transport(Engine &engine, Settings &settings, PlaybackState &state, Playlist &playlist, Player &player,
-              MenuModel &menu, playback::PowerControl &power, TransportView &view, QObject *parent = nullptr);
+              playback::PowerControl &power, TransportView &view, QObject *parent = nullptr);
 
     PlaySequence &sequence() { return m_sequence; }
     Engine &engine() { return m_engine; }
@@ -71,7 +70,7 @@ public:
     void DecreaseRate();
     void ResetRate();
 
-    // Play and repeat modes with their menu marks.
+    // Play and repeat modes; each reports the mode it set.
     void PBNormal();
     void PBContinuous();
     void PBShuffle();
@@ -97,6 +96,13 @@ public:
 signals:
     // The playlist cursor moved to `index` (the list shows it as current).
     void selectionMoved(int index);
+    // The modes and the after-play action as set (a PlayMode, a RepeatMode,
+    // an AfterPlayAction), for the window to mark its menu.
+    void playModeChanged(int mode);
+    void repeatModeChanged(int mode);
+    void afterPlayChanged(int action);
+    // Whether the speed can still go up and down from the current one.
+    void rateStepsChanged(bool canIncrease, bool canDecrease);
 
 private:
     StartResult playEntry(int index);
@@ -112,7 +118,6 @@ private:
     PlaybackState &m_state;
     Playlist &m_playlist;
     Player &m_player;
-    MenuModel &m_menu;
     playback::PowerControl &m_power;
     TransportView &m_view;
     PlaySequence m_sequence;

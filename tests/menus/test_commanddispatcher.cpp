@@ -81,7 +81,7 @@ struct DispatcherFixture : ::testing::Test {
     MenuModel menu, classic;
     NoPower power;
     SilentView view;
-    Transport transport{engine, settings, state, playlist, player, menu, power, view};
+    Transport transport{engine, settings, state, playlist, player, power, view};
     RecordingActions actions;
     CommandDispatcher commands{menu, classic, transport, playlist, state, settings, actions, notifier};
     int files = 0;
@@ -223,6 +223,10 @@ TEST_F(DispatcherFixture, MenuStatesFollowThePlaylistAndStopRules)
     startFirst();
     openBranch(u"mnuPlayBackMenu"_qs);
     EXPECT_TRUE(classic.isEnabled(u"mnufullscreen"_qs));
+    for (int i = 0; i < 4; ++i) // up to 16x, the limit
+        choose(menu, u"IncreaseSpeed"_qs);
+    EXPECT_FALSE(menu.isEnabled(u"IncreaseSpeed"_qs));
+    EXPECT_TRUE(menu.isEnabled(u"DecreaseSpeed"_qs));
 
     choose(menu, u"Stop"_qs);
     EXPECT_FALSE(menu.isEnabled(u"Stop"_qs));

@@ -1,4 +1,4 @@
-#include "configfile.h"
+#include "settings/configfile.h"
 
 #include "common/logging.h"
 

@@ -1,4 +1,4 @@
-#include "notifier.h"
+#include "app/messagebox.h"
 
 #include "common/logging.h"
 
@@ -13,7 +13,6 @@
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cstdio>
 
 namespace quorvel {
 
@@ -77,12 +76,6 @@ void MessageBoxNotifier::notify(Icon icon, const QString &text)
     qCDebug(lcApp).noquote() << "message shown:"
                              << QString(text).replace(QStringLiteral("\r\n"), QStringLiteral(" | "));
     box->open();
-}
-
-void StderrNotifier::notify(Icon, const QString &text)
-{
-    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
-    std::fflush(stderr);
 }
 
 } // namespace quorvel

@@ -7,7 +7,7 @@
 // quote inside doubled). Any damage (missing file, short file, a letter
 // where a number is due) brings back every default and rewrites the file.
 
-#include "app/settings.h"
+#include "settings/settings.h"
 
 #include <QByteArray>
 #include <QString>

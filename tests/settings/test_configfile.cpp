@@ -1,4 +1,4 @@
-#include "app/configfile.h"
+#include "settings/configfile.h"
 
 #include <QDir>
 #include <QFile>
