@@ -9,7 +9,7 @@ PACKAGES=(
     libvlc-dev libvlc-bin vlc-plugin-base vlc-plugin-video-output
     ffmpeg mpgtx libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     libgtest-dev googletest
-    xvfb xauth xdotool imagemagick fonts-dejavu-core
+    xvfb xauth xdotool imagemagick fonts-dejavu-core dvdauthor
     dbus xdg-utils shared-mime-info desktop-file-utils
 )
 

@@ -7,6 +7,7 @@
 #include "media/ffmpegprobe.h"
 #include "playlist/playlist.h"
 #include "support/mediagen.h"
+#include "support/memorythumblist.h"
 
 #include <QApplication>
 #include <QDir>
@@ -47,7 +48,7 @@ int main(int argc, char **argv)
     }
 
     // The playlist's way: probes on two worker threads, commits in order.
-    MemoryThumbList list;
+    test::MemoryThumbList list;
     FfmpegProbe probe(LoadMediaTables(test::programDir() + u'/'));
     SilentNotifier notifier;
     Playlist playlist(list, probe, notifier);

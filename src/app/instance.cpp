@@ -1,5 +1,7 @@
 #include "instance.h"
 
+#include "common/appname.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -27,7 +29,7 @@ constexpr int kHeaderBytes = 8;
 
 QSettings instanceSettings()
 {
-    return QSettings(QStringLiteral("Brenlow Quorvel"), QStringLiteral("Quorvel"));
+    return QSettings(kOrganizationName, QStringLiteral("Quorvel"));
 }
 
 bool toAddress(const QString &name, sockaddr_un *address)

@@ -15,6 +15,7 @@
 #include "app/commandline.h"
 #include "app/playermain.h"
 #include "app/startup.h"
+#include "common/appname.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -60,8 +61,8 @@ int main(int argc, char **argv)
     if (!platform.isEmpty())
         qputenv("QT_QPA_PLATFORM", platform);
 
-    QCoreApplication::setOrganizationName(QStringLiteral("Brenlow Quorvel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Brenlow Quorvel"));
+    QCoreApplication::setOrganizationName(quorvel::kOrganizationName);
+    QCoreApplication::setApplicationName(quorvel::kOrganizationName);
     const quorvel::CommandLine command = quorvel::CommandLine::parse(arguments, quorvel::CallerWorkingFolder());
     quorvel::SystemInstanceChannel channel;
     quorvel::StartupNegotiator negotiator(channel, quorvel::StartupNegotiator::defaultLockPath());

@@ -8,6 +8,7 @@
 #include "common/paths.h"
 #include "media/mediaprobe.h"
 #include "menus/menuview.h"
+#include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
 #include "playback/systempower.h"
@@ -47,6 +48,7 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
+    m_dvd.reset();
     // The playlist waits for running probes before the probe goes away.
     m_playlist.reset();
     m_player.reset();
@@ -240,8 +242,8 @@ void MainWindow::resizeEvent(QResizeEvent *event)
     if (m_thumbList)
         SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
     if (!m_isLoading && m_windowStates.isNormal()) {
-        m_settings.WindowWidth = width() * kTwipsPerPixel;
-        m_settings.WindowHeight = height() * kTwipsPerPixel;
+        m_settings.WindowWidth = width();
+        m_settings.WindowHeight = height();
     }
     m_captionFlags = PathEllipsis;
     update();

@@ -19,6 +19,7 @@
 #include "settings/keyvaluestore.h"
 #include "settings/settings.h"
 #include "skin/skincontroller.h"
+#include "skin/textellipsis.h"
 
 #include <QHash>
 #include <QWidget>
@@ -35,6 +36,8 @@ class QTimer;
 
 namespace quorvel {
 
+class DriveList;
+class DvdPlayback;
 class FancyList;
 class FancyListThumbList;
 class Transport;
@@ -55,7 +58,7 @@ class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
 
-class MainWindow : public QWidget, public TransportView, public CommandActions {
+class MainWindow : public QWidget, public TransportView, public CommandActions, public DriveActions {
     Q_OBJECT
 public:
     MainWindow();
@@ -83,6 +86,8 @@ public:
     MenuModel &menu() { return m_menu; }
     MenuModel &classicMenu() { return m_classicMenu; }
     CommandDispatcher &commands() { return *m_dispatcher; }
+    // Drive enumeration and DVD playing (the Open DVD entries route here).
+    DvdPlayback &dvd() { return *m_dvd; }
     const AppTables &tables() const { return m_tables; }
     bool isLoading() const { return m_isLoading; }
 
@@ -136,6 +141,10 @@ private:
     void playHistoryEntry(int slot) override;
     void changeVolume(int delta) override;
     void popupClassicBranch(const QString &key, QPoint globalPos);
+    void enableDvdCheck() override;
+    // The drives, for the commands.
+    void playDrive(int index) override;
+    void refreshDrives() override;
     void onListDoubleClicked(int index);
     void flashCaption();
 
@@ -148,6 +157,11 @@ private:
     void applyTray();
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
+    // DVDs: the drive list, the check timer and "Open DVD folder or image...".
+    void setupDvd();
+    void openDvdSource();
+    // Plays the first DVD-Video folder or image of `files` and returns the rest.
+    QStringList playDvdAmong(const QStringList &files);
 
 public:
     // Places the playlist beside, above, below or over the video (codes 0-4)
@@ -184,8 +198,8 @@ private:
     WindowResizer m_resizer;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;
-    QSize m_askedSize;          // the size last asked for during an edge drag
-    int m_captionFlags = 16384; // path ellipsis
+    QSize m_askedSize; // the size last asked for during an edge drag
+    int m_captionFlags = PathEllipsis;
 
     MessageBoxNotifier m_notifier;
     std::unique_ptr<RunningMarker> m_marker;
@@ -203,6 +217,9 @@ private:
     std::unique_ptr<UnixSignalWatcher> m_signals;
     std::unique_ptr<KeyValueStore> m_store;
     std::unique_ptr<RecentHistory> m_history;
+    std::unique_ptr<DriveList> m_drives;
+    std::unique_ptr<DvdPlayback> m_dvd;
+    QString m_dvdFolder; // where "Open DVD folder or image..." opens
 };
 
 } // namespace quorvel

@@ -107,8 +107,8 @@ void MainWindow::toggleMaximize()
     const WindowStates::Step step = m_windowStates.toggleMaximize(geometry(), available);
     const bool maximized = step.show == WindowStates::Show::Maximized;
     if (maximized) {
-        m_settings.WindowLeft = x() * kTwipsPerPixel;
-        m_settings.WindowTop = y() * kTwipsPerPixel;
+        m_settings.WindowLeft = x();
+        m_settings.WindowTop = y();
         showMaximized();
     } else {
         showNormal();
@@ -152,8 +152,8 @@ void MainWindow::setStaysOnTop(bool on)
 
 void MainWindow::openUrl(const QUrl &url)
 {
-    if (!QDesktopServices::openUrl(url))
-        qCWarning(lcApp) << "no program opened" << url;
+    const bool asked = QDesktopServices::openUrl(url);
+    qCDebug(lcApp) << "open" << url.toString() << (asked ? "asked of the desktop" : "refused by the desktop");
 }
 
 void MainWindow::changeVolume(int delta)

@@ -5,6 +5,7 @@
 
 #include "common/logging.h"
 #include "menus/menukeys.h"
+#include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
@@ -43,6 +44,11 @@ void MainWindow::playHistoryEntry(int slot)
         m_playlist->list().setSelectedItem(index);
         m_player->PlayItem(index, false);
         m_transport->sequence().setCursor(index);
+        return;
+    }
+    // A DVD that played before (it replays through the playlist) plays again as a DVD.
+    if (path.startsWith(kDvdScheme)) {
+        m_dvd->playDvdSource(path);
         return;
     }
     m_playlist->LoadThumb(m_history->title(slot), path, false, true);

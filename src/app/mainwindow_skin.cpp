@@ -95,11 +95,10 @@ void MainWindow::mouseMoveEvent(QMouseEvent *event)
     // While a drag runs the window system may not have applied the last
     // size yet; the drag goes on from the size asked for.
     const QSize current = m_resizer.isResizing() && m_askedSize.isValid() ? m_askedSize : size();
-    const QSize outer(current.width() * kTwipsPerPixel, current.height() * kTwipsPerPixel);
-    const WindowResizer::Move m = m_resizer.move(pos.x(), pos.y(), outer);
+    const WindowResizer::Move m = m_resizer.move(pos.x(), pos.y(), current);
     setCursor(m.cursor);
-    if (m.outerTwips != outer) {
-        m_askedSize = QSize(m.outerTwips.width() / kTwipsPerPixel, m.outerTwips.height() / kTwipsPerPixel);
+    if (m.outer != current) {
+        m_askedSize = m.outer;
         resize(m_askedSize);
     }
 }
@@ -110,7 +109,7 @@ void MainWindow::mousePressEvent(QMouseEvent *event)
     m_skin->setMediaLoaded(m_playback.MediaLoaded);
     const SkinController::Reaction r = m_skin->mousePress(pos, event->button());
     if (m_windowStates.isNormal())
-        m_resizer.press(pos.x(), pos.y(), QSize(width() * kTwipsPerPixel, height() * kTwipsPerPixel));
+        m_resizer.press(pos.x(), pos.y(), size());
     if (r.has(SkinCommand::DragWindow) && !m_resizer.isResizing()) {
         // The window system moves the window when it can; without one the
         // window follows the pointer itself.

@@ -7,9 +7,11 @@
 #include "app/handoffserver.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
+#include "common/appname.h"
 #include "common/logging.h"
 #include "common/paths.h"
 #include "media/ffmpegprobe.h"
+#include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
@@ -30,7 +32,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
 {
     m_isLoading = true;
     m_forcePlay = true;
-    QCoreApplication::setApplicationName(QStringLiteral("Brenlow Quorvel"));
+    QCoreApplication::setApplicationName(kOrganizationName);
     m_tables.AppPath = ProgramFolder();
     m_marker = std::make_unique<RunningMarker>();
     LoadSkinImages();
@@ -38,6 +40,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     InitPlayer();
     LoadConfigurations();
     LoadHistory();
+    setupDvd();
     SetPlaylistPosition(5);
     m_player->enableMediaControl(MediaAction::Stopped);
     m_transport->applyStoredModes();
@@ -49,8 +52,11 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     m_forcePlay = command.forcePlay;
     // Every file goes to the playlist, which says why it refuses one; the
     // first one plays unless the add-only marker was given.
-    bool first = true;
-    for (const QString &path : command.files) {
+    // A DVD folder or image replaces the playlist and plays; the other files
+    // join it after the DVD's row.
+    const QStringList files = playDvdAmong(command.files);
+    bool first = files.size() == command.files.size();
+    for (const QString &path : files) {
         m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay && first);
         first = false;
     }
@@ -65,6 +71,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     }
     m_isLoading = false;
     m_transport->movieTimer().start();
+    m_dvd->checkTimer().start();
     qCDebug(lcApp) << "running instance ready, process" << QCoreApplication::applicationPid() << "on"
                    << QGuiApplication::platformName();
 }
@@ -129,8 +136,8 @@ void MainWindow::SetLoadedOptions()
 void MainWindow::WriteConfigurations()
 {
     if (!isMaximized() && !m_windowStates.isFullScreen() && !m_isLoading) {
-        m_settings.WindowLeft = x() * kTwipsPerPixel;
-        m_settings.WindowTop = y() * kTwipsPerPixel;
+        m_settings.WindowLeft = x();
+        m_settings.WindowTop = y();
     }
     if (!ConfigFile::write(m_tables.ConfigPath, m_settings))
         qCWarning(lcApp) << "could not write" << m_tables.ConfigPath;
@@ -138,8 +145,10 @@ void MainWindow::WriteConfigurations()
 
 void MainWindow::receiveCommand(const QString &text, std::function<void()> done)
 {
-    const QStringList files = CommandLine::filesOf(text);
-    qCDebug(lcApp) << "hand-off received:" << files;
+    const QStringList given = CommandLine::filesOf(text);
+    qCDebug(lcApp) << "hand-off received:" << given;
+    // A DVD cannot wait in the playlist beside files: it plays.
+    const QStringList files = playDvdAmong(given);
     if (files.isEmpty()) {
         done();
         return;

@@ -37,6 +37,7 @@ QDialog *scrollingBox(QMessageBox::Icon icon, const QString &text, QWidget *pare
     const int side = box->style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, box);
     iconLabel->setPixmap(box->style()
                              ->standardIcon(icon == QMessageBox::Information ? QStyle::SP_MessageBoxInformation
+                                            : icon == QMessageBox::Critical  ? QStyle::SP_MessageBoxCritical
                                                                              : QStyle::SP_MessageBoxWarning)
                              .pixmap(side, side));
     iconLabel->setAlignment(Qt::AlignTop);
@@ -68,7 +69,9 @@ QDialog *scrollingBox(QMessageBox::Icon icon, const QString &text, QWidget *pare
 
 void MessageBoxNotifier::notify(Icon icon, const QString &text)
 {
-    const QMessageBox::Icon kind = icon == Icon::Information ? QMessageBox::Information : QMessageBox::Warning;
+    const QMessageBox::Icon kind = icon == Icon::Information ? QMessageBox::Information
+                                   : icon == Icon::Critical  ? QMessageBox::Critical
+                                                             : QMessageBox::Warning;
     QDialog *box = isLong(text) ? scrollingBox(kind, text, m_parent)
                                 : new QMessageBox(kind, QStringLiteral("Quorvel"), text, QMessageBox::Ok, m_parent);
     box->setAttribute(Qt::WA_DeleteOnClose);

@@ -44,11 +44,6 @@ QRect screenFor(const QRect &r, const QList<QRect> &available)
     return best;
 }
 
-int toPixels(qint64 twips)
-{
-    return int(std::clamp<qint64>(twips / kTwipsPerPixel, -1'000'000, 1'000'000));
-}
-
 } // namespace
 
 QRect ClampToScreens(const QRect &wanted, const QList<QRect> &available, QSize minimum, int titleHeight)
@@ -77,12 +72,9 @@ void RestoreWindowGeometry(QWidget &window, Settings &settings)
     QList<QRect> available;
     for (const QScreen *s : QGuiApplication::screens())
         available << s->availableGeometry();
-    const QSize size = IsSet(settings.RememberLastSize)
-                           ? QSize(toPixels(settings.WindowWidth), toPixels(settings.WindowHeight))
-                           : window.size();
-    const QPoint pos = IsSet(settings.RememberLastPos)
-                           ? QPoint(toPixels(settings.WindowLeft), toPixels(settings.WindowTop))
-                           : window.pos();
+    const QSize size = IsSet(settings.RememberLastSize) ? QSize(settings.WindowWidth, settings.WindowHeight)
+                                                        : window.size();
+    const QPoint pos = IsSet(settings.RememberLastPos) ? QPoint(settings.WindowLeft, settings.WindowTop) : window.pos();
     const QRect placed = ClampToScreens(QRect(pos, size), available, window.minimumSize(), 31);
     if (IsSet(settings.RememberLastSize))
         window.resize(placed.size());
@@ -91,17 +83,13 @@ void RestoreWindowGeometry(QWidget &window, Settings &settings)
     if (placed != QRect(pos, size))
         qCInfo(lcApp) << "stored window place" << QRect(pos, size) << "brought onto the screens as" << placed;
     // Stored values the window could not take are not written back.
-    const QRect stored = ClampToScreens(QRect(toPixels(settings.WindowLeft), toPixels(settings.WindowTop),
-                                              toPixels(settings.WindowWidth), toPixels(settings.WindowHeight)),
-                                        available, window.minimumSize(), 31);
-    if (stored.size() != QSize(toPixels(settings.WindowWidth), toPixels(settings.WindowHeight))) {
-        settings.WindowWidth = stored.width() * kTwipsPerPixel;
-        settings.WindowHeight = stored.height() * kTwipsPerPixel;
-    }
-    if (stored.topLeft() != QPoint(toPixels(settings.WindowLeft), toPixels(settings.WindowTop))) {
-        settings.WindowLeft = stored.x() * kTwipsPerPixel;
-        settings.WindowTop = stored.y() * kTwipsPerPixel;
-    }
+    const QRect stored = ClampToScreens(
+        QRect(settings.WindowLeft, settings.WindowTop, settings.WindowWidth, settings.WindowHeight), available,
+        window.minimumSize(), 31);
+    settings.WindowLeft = stored.x();
+    settings.WindowTop = stored.y();
+    settings.WindowWidth = stored.width();
+    settings.WindowHeight = stored.height();
 }
 
 } // namespace quorvel

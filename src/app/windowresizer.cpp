@@ -2,17 +2,6 @@
 
 namespace quorvel {
 
-WindowResizer::WindowResizer(int twipsPerPixel)
-    : m_tpp(twipsPerPixel), m_minWidth(370 * twipsPerPixel), m_minHeight(370 * twipsPerPixel)
-{
-}
-
-void WindowResizer::setMinimum(int widthTwips, int heightTwips)
-{
-    m_minWidth = widthTwips;
-    m_minHeight = heightTwips;
-}
-
 void WindowResizer::press(int x, int y, QSize outer)
 {
     // Later tests win: the corner beats either edge alone.
@@ -43,29 +32,29 @@ WindowResizer::Move WindowResizer::move(int x, int y, QSize outer)
     int newW = outer.width();
     int newH = outer.height();
     // A pointer past the left or top edge snaps to the minimum at once.
-    auto grow = [](int size, int pos, int tpp, int last, int minimum) {
-        const int grown = pos > 0 ? size + (pos * tpp - last) : minimum;
+    auto grow = [](int size, int pos, int last, int minimum) {
+        const int grown = pos > 0 ? size + (pos - last) : minimum;
         return grown < minimum ? minimum : grown;
     };
     if (m_corner) {
-        newW = grow(newW, x, m_tpp, m_lastX, m_minWidth);
-        newH = grow(newH, y, m_tpp, m_lastY, m_minHeight);
-        if (newH <= m_minHeight && newW <= m_minWidth)
+        newW = grow(newW, x, m_lastX, kMinWidth);
+        newH = grow(newH, y, m_lastY, kMinHeight);
+        if (newH <= kMinHeight && newW <= kMinWidth)
             m_corner = false;
     }
     if (m_width) {
-        newW = grow(newW, x, m_tpp, m_lastX, m_minWidth);
-        if (newW <= m_minWidth)
+        newW = grow(newW, x, m_lastX, kMinWidth);
+        if (newW <= kMinWidth)
             m_width = false;
     }
     if (m_height) {
-        newH = grow(newH, y, m_tpp, m_lastY, m_minHeight);
-        if (newH <= m_minHeight && newW <= m_minWidth)
+        newH = grow(newH, y, m_lastY, kMinHeight);
+        if (newH <= kMinHeight && newW <= kMinWidth)
             m_height = false;
     }
-    result.outerTwips = QSize(newW, newH);
-    m_lastX = x * m_tpp;
-    m_lastY = y * m_tpp;
+    result.outer = QSize(newW, newH);
+    m_lastX = x;
+    m_lastY = y;
     return result;
 }
 

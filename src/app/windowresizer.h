@@ -3,7 +3,7 @@
 // has no system frame, so the program tracks the drag itself: a press in the
 // band along an edge starts it, every move sets the new size, the minimum
 // size ends a width drag at once (a height drag only when both sizes are at
-// their minimum). Sizes are in twips, as the settings store them.
+// their minimum). Sizes are in pixels.
 
 #include <QSize>
 #include <Qt>
@@ -12,22 +12,18 @@ namespace quorvel {
 
 class WindowResizer {
 public:
-    static constexpr int kGripSize = 64; // twips, about 4 pixels
-
-    explicit WindowResizer(int twipsPerPixel = 15);
-
-    void setMinimum(int widthTwips, int heightTwips);
-    int minWidth() const { return m_minWidth; }
-    int minHeight() const { return m_minHeight; }
+    static constexpr int kGripSize = 4; // pixels
+    static constexpr int kMinWidth = 370;
+    static constexpr int kMinHeight = 370;
 
     // A press at client pixel (x, y) in a window of the given outer size.
-    void press(int x, int y, QSize outerTwips);
+    void press(int x, int y, QSize outer);
     struct Move {
-        QSize outerTwips;       // the size to give the window
+        QSize outer;            // the size to give the window
         Qt::CursorShape cursor; // the pointer to show
     };
     // A move at client pixel (x, y), with or without a button held.
-    Move move(int x, int y, QSize outerTwips);
+    Move move(int x, int y, QSize outer);
     void release();
 
     bool resizingCorner() const { return m_corner; }
@@ -36,12 +32,9 @@ public:
     bool isResizing() const { return m_corner || m_width || m_height; }
 
 private:
-    bool inRightBand(int x, QSize outer) const { return outer.width() - x * m_tpp <= kGripSize; }
-    bool inBottomBand(int y, QSize outer) const { return outer.height() - y * m_tpp <= kGripSize; }
+    static bool inRightBand(int x, QSize outer) { return outer.width() - x <= kGripSize; }
+    static bool inBottomBand(int y, QSize outer) { return outer.height() - y <= kGripSize; }
 
-    int m_tpp;
-    int m_minWidth;
-    int m_minHeight;
     int m_lastX = 0;
     int m_lastY = 0;
     bool m_corner = false;

@@ -9,7 +9,7 @@ namespace quorvel {
 
 class MessageNotifier {
 public:
-    enum class Icon { Information, Exclamation };
+    enum class Icon { Information, Exclamation, Critical };
     virtual ~MessageNotifier() = default;
     virtual void notify(Icon icon, const QString &text) = 0;
 };

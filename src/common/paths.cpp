@@ -15,14 +15,6 @@ const std::array<QString, kMediaExtensionCount> &MediaExtensions()
     return table;
 }
 
-QString MediaFileFilter()
-{
-    QStringList parts;
-    for (const QString &ext : MediaExtensions())
-        parts << u"*."_qs + ext;
-    return parts.join(u';');
-}
-
 QString GetFileTitle(const QString &path)
 {
     const qsizetype cut = path.lastIndexOf(kPathSeparator);

@@ -20,9 +20,6 @@ inline constexpr QChar kPathSeparator = u'/';
 inline constexpr int kMediaExtensionCount = 24;
 const std::array<QString, kMediaExtensionCount> &MediaExtensions();
 
-// "*.wav;*.flv;...;*.asf", in table order.
-QString MediaFileFilter();
-
 // The text after the last separator, or the whole path when there is none.
 QString GetFileTitle(const QString &path);
 // The text before the last separator, or the whole path when there is none.

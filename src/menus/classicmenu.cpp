@@ -24,6 +24,8 @@ void BuildClassicMenu(MenuModel &m)
     for (int i = 1; i < kDvdEntries; ++i)
         m.AddMenuItem(QStringLiteral("mnuOpenDVD"), QStringLiteral("dvdsList%1").arg(i), K::Command, {}, {}, false,
                       true, false);
+    separator("mnuOpenDVD");
+    add("mnuOpenDVD", "mnuOpenDVDSource", K::Command, QStringLiteral("Open DVD folder or image..."));
     add("mnuFileMenu", "mnuRecentMenu", K::Command, QStringLiteral("&Recently Played files"));
     m.AddMenuItem(QStringLiteral("mnuRecentMenu"), QStringLiteral("mnuRecent0"), K::Command,
                   QStringLiteral("<No History>"), {}, false, false);

@@ -2,6 +2,7 @@
 
 #include "common/logging.h"
 #include "common/notifier.h"
+#include "menus/helptopics.h"
 #include "menus/menukeys.h"
 #include "menus/menumodel.h"
 #include "playback/engine.h"
@@ -35,7 +36,6 @@ const QStringList kClassicMediaEntries{QStringLiteral("mnufullscreen"), QStringL
                                        QStringLiteral("mnustop")};
 const QStringList kClassicPlaylistEntries{QStringLiteral("mnuPlayListRemove"), QStringLiteral("mnuNext"),
                                           QStringLiteral("mnuPrev"), QStringLiteral("mnuPlayListRemoveAll")};
-const QString kNoDrives = QStringLiteral("<No DVD drives were found>");
 constexpr int kSeekStepMs = 10000;
 constexpr int kVolumeStep = 5;
 
@@ -376,13 +376,14 @@ void CommandDispatcher::showDialog(void (CommandActions::*show)())
 
 void CommandDispatcher::openHelp()
 {
-    const QString page = QDir(m_programFolder).filePath(QStringLiteral("help/index.html"));
+    const QUrl url = HelpTopicsUrl(m_programFolder);
+    const QString page = url.toLocalFile();
     if (!QFileInfo(page).isFile()) {
         m_notifier.notify(MessageNotifier::Icon::Exclamation,
                           QStringLiteral("The help pages are missing: %1 was not found.").arg(page));
         return;
     }
-    m_actions.openUrl(QUrl::fromLocalFile(page));
+    m_actions.openUrl(url);
 }
 
 void CommandDispatcher::playDrive(int index)
@@ -392,20 +393,14 @@ void CommandDispatcher::playDrive(int index)
     m_drives->playDrive(index);
 }
 
-void CommandDispatcher::setDvdEntries(const QStringList &captions, bool noDrives)
+void CommandDispatcher::setDvdEntries(const QStringList &captions)
 {
-    m_noDrives = noDrives || captions.isEmpty();
+    m_noDrives = captions.isEmpty();
+    ShowDvdDrives(m_menu, captions);
     for (int i = 0; i < kDvdEntries; ++i) {
-        const bool shown = i == 0 || (!m_noDrives && i < captions.size());
-        const QString caption = m_noDrives ? (i == 0 ? kNoDrives : QString()) : captions.value(i);
-        for (auto [model, key] : {std::pair{&m_menu, QStringLiteral("DVDList%1").arg(i)},
-                                  std::pair{&m_classic, QStringLiteral("dvdsList%1").arg(i)}}) {
-            const int at = model->IndexOfKey(key);
-            model->SetCaption(at, caption);
-            model->SetVisible(at, shown);
-        }
-        // Without drives the bar's entry cannot be chosen.
-        m_menu.setEnabled(QStringLiteral("DVDList%1").arg(i), !m_noDrives);
+        const int at = m_classic.IndexOfKey(QStringLiteral("dvdsList%1").arg(i));
+        m_classic.SetCaption(at, m_noDrives ? (i == 0 ? kNoDvdDrivesCaption : QString()) : captions.value(i));
+        m_classic.SetVisible(at, i == 0 || i < captions.size());
     }
 }
 

@@ -67,8 +67,8 @@ public:
 
     void setDriveActions(DriveActions *drives) { m_drives = drives; }
     // Shows the drives in both trees: one entry per caption (at most six),
-    // or the single disabled "<No DVD drives were found>" with `noDrives`.
-    void setDvdEntries(const QStringList &captions, bool noDrives);
+    // or "<No DVD drives were found>" when there are none.
+    void setDvdEntries(const QStringList &captions);
     // The help pages, "help/index.html" under `programFolder`.
     void setProgramFolder(const QString &programFolder) { m_programFolder = programFolder; }
 

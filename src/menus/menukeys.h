@@ -13,6 +13,7 @@ inline constexpr QLatin1StringView File("File");
 inline constexpr QLatin1StringView OpenMenu("OpenMenu");
 inline constexpr QLatin1StringView OpenFile("OpenFile");
 inline constexpr QLatin1StringView OpenDVD("OpenDVD");
+inline constexpr QLatin1StringView OpenDVDSource("OpenDVDSource");
 inline constexpr QLatin1StringView RecentMenu("RecentMenu");
 inline constexpr QLatin1StringView Exit("Exit");
 inline constexpr QLatin1StringView Play("Play");

@@ -108,10 +108,12 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(menukey::OpenMenu, menukey::OpenFile, K::Command, QStringLiteral("Open Media File..."),
                   ctrl(Qt::Key_O));
     m.AddMenuItem(menukey::OpenMenu, menukey::OpenDVD, K::Command, QStringLiteral("Open DVD"));
-    m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(0), K::Command, QStringLiteral("<No DVD drives were found>"), {},
-                  false, false);
+    m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(0), K::Command, kNoDvdDrivesCaption, {}, false, false);
     for (int i = 1; i <= 5; ++i)
         m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(i), K::Command, QString(), {}, false, true, false);
+    // Besides discs: a DVD-Video folder or an image file.
+    m.AddMenuItem(menukey::OpenDVD, {}, K::Separator, {});
+    m.AddMenuItem(menukey::OpenDVD, menukey::OpenDVDSource, K::Command, QStringLiteral("Open DVD folder or image..."));
     m.AddMenuItem(menukey::File, menukey::RecentMenu, K::Command, QStringLiteral("Recently Played Files"));
     m.AddMenuItem(menukey::RecentMenu, menukey::History(0), K::Command, QStringLiteral("<No History>"), {}, false,
                   false);
@@ -163,6 +165,25 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(menukey::Help, menukey::About, K::Command, QStringLiteral("&About"));
     m.AddMenuItem(menukey::Help, menukey::HelpTopics, K::Command, QStringLiteral("&Help Topics"),
                   QKeySequence(Qt::Key_F1));
+}
+
+void ShowDvdDrives(MenuModel &menu, const QStringList &captions)
+{
+    for (int k = 0; k < menukey::kDvdSlots; ++k) {
+        const int position = menu.IndexOfKey(menukey::DVDList(k));
+        if (k == 0 && captions.isEmpty()) {
+            menu.SetCaption(position, kNoDvdDrivesCaption);
+            menu.SetEnabled(position, false);
+            menu.SetVisible(position, true);
+            continue;
+        }
+        const bool shown = k < captions.size();
+        menu.SetVisible(position, shown);
+        if (shown) {
+            menu.SetCaption(position, captions[k]);
+            menu.SetEnabled(position, true);
+        }
+    }
 }
 
 } // namespace quorvel

@@ -66,11 +66,15 @@ private:
     QVector<MenuItem> m_items;
 };
 
+inline const QString kNoDvdDrivesCaption = QStringLiteral("<No DVD drives were found>");
 // Drive entries of either tree ("DVDList0".."DVDList5", "dvdsList0".."dvdsList5").
 inline constexpr int kDvdEntries = 6;
 
 // Builds the program's menu bar in its fixed order.
 void BuildMenu(MenuModel &menu);
+// Shows the captions of the drives in "DVDList0" ... "DVDList5"; without
+// drives, "DVDList0" says so, disabled.
+void ShowDvdDrives(MenuModel &menu, const QStringList &captions);
 // Builds the pop-up tree: the same commands under their own names (the keys
 // are the entry names, "dvdsList0" for the first drive entry), popped up by
 // branch from the tray, the video, the playlist and the DVD button.

@@ -29,7 +29,7 @@ inline bool IsEngineLocation(const QString &source)
 
 class Engine {
 public:
-    // Values of state(). Anything below Playing means the item is still
+    // What state() answers. Anything below Playing means the item is still
     // opening or buffering.
     enum State {
         Idle = 0,
@@ -66,7 +66,7 @@ public:
     // Items in the control's own playlist: 0 or 1 in this program.
     virtual int itemCount() const = 0;
 
-    virtual int state() const = 0;
+    virtual State state() const = 0;
     // Fraction 0..1 of the item; 0 or less while unknown.
     virtual double position() const = 0;
     virtual void setPosition(double fraction) = 0;

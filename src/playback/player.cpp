@@ -78,6 +78,13 @@ void Player::itemPlays()
 void Player::itemUnopenable()
 {
     qCDebug(lcPlayback) << "engine cannot open" << m_state.CurrentFile;
+    if (m_state.CurrentFile.startsWith(QStringLiteral("dvd://"))) {
+        // No disc, a damaged one, or a folder or image that is no DVD-Video.
+        ++m_unplayableInRow;
+        if (m_notifier)
+            m_notifier->notify(MessageNotifier::Icon::Critical, QStringLiteral("Please insert a valid DVD."));
+        return;
+    }
     // Play on a stopped item opens its file again, which may have gone since.
     const bool gone = !IsEngineLocation(m_state.CurrentFile) && !QFileInfo::exists(m_state.CurrentFile);
     tellCannotOpen(m_state.CurrentFile,

@@ -60,6 +60,12 @@ public:
     // The caption for the current item under the title mode; false when the
     // mode leaves the caption as it was.
     bool rebuildCaption();
+    // Rebuilds the caption and tells the window when the mode changed it.
+    void refreshCaption()
+    {
+        if (rebuildCaption())
+            emit captionChanged(m_state.CaptionText);
+    }
 
     Engine &engine() { return m_engine; }
     PlaybackState &state() { return m_state; }

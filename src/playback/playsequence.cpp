@@ -2,7 +2,9 @@
 
 #include <QDateTime>
 #include <QRandomGenerator>
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace quorvel {
 
@@ -19,9 +21,8 @@ PlaySequence::PlaySequence(Random random) : m_random(std::move(random))
 
 void PlaySequence::MakeSequentialOrder(int count, int selected)
 {
-    m_entries.clear();
-    for (int i = 0; i < count; ++i)
-        m_entries << QString::number(i);
+    m_entries.resize(std::max(count, 0));
+    std::iota(m_entries.begin(), m_entries.end(), 0);
     m_cursor = selected;
 }
 
@@ -32,12 +33,13 @@ int PlaySequence::draw(int count)
 
 void PlaySequence::MakeShuffledOrder(int count, int selected)
 {
-    m_entries = QStringList(count, QStringLiteral("-1"));
+    constexpr int kFree = -1;
+    m_entries.assign(std::max(count, 0), kFree);
     for (int i = 0; i < count; ++i) {
         int r = draw(count);
-        while (m_entries.value(r) != QLatin1String("-1"))
+        while (m_entries[r] != kFree)
             r = draw(count);
-        m_entries[r] = QString::number(i);
+        m_entries[r] = i;
     }
     m_cursor = selected;
 }
@@ -58,19 +60,17 @@ void PlaySequence::removeAt(int k)
         return;
     }
     if (k < count())
-        m_entries.removeAt(k);
+        m_entries.erase(m_entries.begin() + k);
 }
 
 int PlaySequence::indexAt(int position) const
 {
-    bool ok = false;
-    const int v = m_entries.value(position).toInt(&ok);
-    return ok ? v : -1;
+    return position >= 0 && position < count() ? m_entries[position] : -1;
 }
 
 bool PlaySequence::stepNext()
 {
-    if (m_entries.isEmpty())
+    if (m_entries.empty())
         return false;
     m_cursor = m_cursor >= count() - 1 ? 0 : m_cursor + 1;
     return true;
@@ -78,7 +78,7 @@ bool PlaySequence::stepNext()
 
 bool PlaySequence::stepPrevious()
 {
-    if (m_entries.isEmpty())
+    if (m_entries.empty())
         return false;
     m_cursor = m_cursor <= 0 ? count() - 1 : m_cursor - 1;
     return true;

@@ -6,8 +6,8 @@
 
 #include "common/geometry.h"
 
-#include <QStringList>
 #include <functional>
+#include <vector>
 
 namespace quorvel {
 
@@ -32,9 +32,9 @@ public:
     void removeAt(int k);
 
     int count() const { return static_cast<int>(m_entries.size()); }
-    // The playlist index held at position p, or -1 when it is not a number.
+    // The playlist index held at position p, or -1 outside the order.
     int indexAt(int position) const;
-    const QStringList &entries() const { return m_entries; }
+    const std::vector<int> &entries() const { return m_entries; }
     int cursor() const { return m_cursor; }
     void setCursor(int position) { m_cursor = position; }
 
@@ -47,7 +47,7 @@ private:
     int draw(int count);
 
     Random m_random;
-    QStringList m_entries;
+    std::vector<int> m_entries;
     int m_cursor = -1;
 };
 

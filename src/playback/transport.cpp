@@ -339,7 +339,7 @@ void Transport::monitorTick()
         // A file the engine cannot read either puts it in its error state or
         // ends at once without a single stream. Said like a missing file; the
         // item counts as ended so the order moves on.
-        const int engineState = m_engine.state();
+        const Engine::State engineState = m_engine.state();
         if (engineState == Engine::Error
             || (engineState == Engine::Ended && !IsEngineLocation(m_state.CurrentFile)
                 && m_engine.streamCount() == 0)) {

@@ -3,6 +3,7 @@
 #include "common/logging.h"
 
 #include <QGuiApplication>
+#include <QUrl>
 #include <QWidget>
 #include <vlc/vlc.h>
 
@@ -95,8 +96,13 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
         return;
     }
     // A local file goes as a path, so libVLC never parses it as an address.
-    libvlc_media_t *media = IsEngineLocation(mrl) ? libvlc_media_new_location(vlc, mrl.toUtf8().constData())
-                                                  : libvlc_media_new_path(vlc, mrl.toUtf8().constData());
+    // A DVD folder or image is a path inside a location: libVLC would read
+    // "%" as an escape and "#" as a title number there.
+    QByteArray location = mrl.toUtf8();
+    if (mrl.startsWith(QStringLiteral("dvd:///")))
+        location = "dvd://" + QUrl::toPercentEncoding(mrl.mid(6), "/");
+    libvlc_media_t *media = IsEngineLocation(mrl) ? libvlc_media_new_location(vlc, location.constData())
+                                                  : libvlc_media_new_path(vlc, location.constData());
     if (!media) {
         qCWarning(lcPlayback) << "engine refused" << mrl;
         return;
@@ -167,9 +173,10 @@ int VlcEngine::itemCount() const
     return m_hasItem ? 1 : 0;
 }
 
-int VlcEngine::state() const
+Engine::State VlcEngine::state() const
 {
-    return m_player ? static_cast<int>(libvlc_media_player_get_state(m_player.get())) : Idle;
+    // libVLC numbers its states as State does.
+    return m_player ? static_cast<State>(libvlc_media_player_get_state(m_player.get())) : Idle;
 }
 
 double VlcEngine::position() const

@@ -43,7 +43,6 @@ public:
     ~VlcEngine() override;
 
     void setFullscreenHandler(std::function<void(bool)> handler) { m_fullscreenHandler = std::move(handler); }
-    bool isFullscreen() const { return m_fullscreen; }
     // The window left full screen by itself (Escape, double-click).
     void noteFullscreenLeft() { m_fullscreen = false; }
 
@@ -59,7 +58,7 @@ public:
     void togglePause() override;
     void stop() override;
     int itemCount() const override;
-    int state() const override;
+    State state() const override;
     double position() const override;
     void setPosition(double fraction) override;
     double time() const override;

@@ -4,12 +4,12 @@
 #include "common/paths.h"
 #include "playlist/filechooser.h"
 
+#include <algorithm>
 #include <exception>
 
 namespace quorvel::playlist {
 
 namespace {
-constexpr QChar kNul = u'\0';
 
 // The folder part of a full path ("/" for a file in the root), or a null
 // string when the path names no folder at all.
@@ -41,14 +41,6 @@ QList<FileFilterEntry> OpenFileFilterEntries()
     return entries;
 }
 
-QString OpenFileFilterText()
-{
-    QStringList parts;
-    for (const FileFilterEntry &entry : OpenFileFilterEntries())
-        parts << entry.caption << entry.patterns.join(u';');
-    return parts.join(u'|');
-}
-
 QStringList OpenFileNameFilters()
 {
     QStringList filters;
@@ -62,63 +54,6 @@ QString OpenFileDialogTitle()
     return QStringLiteral("Open Video File");
 }
 
-QString TrimTrailingNulls(const QString &text)
-{
-    qsizetype end = text.size();
-    while (end > 0 && text.at(end - 1) == kNul)
-        --end;
-    return end == 0 ? text : text.left(end);
-}
-
-QList<OpenFileEntry> ParseOpenFileResult(const QString &result)
-{
-    const QString text = TrimTrailingNulls(result);
-    if (text.isEmpty())
-        return {};
-    const qsizetype firstNul = text.indexOf(kNul);
-    if (firstNul < 0)
-        return {singleFileEntry(text)};
-    QString folder = text.left(firstNul);
-    if (!folder.endsWith(kPathSeparator))
-        folder += kPathSeparator;
-    QList<OpenFileEntry> entries;
-    const QStringList names = text.mid(firstNul + 1).split(kNul, Qt::SkipEmptyParts);
-    for (const QString &name : names)
-        entries.append({name, folder + name});
-    return entries;
-}
-
-QString JoinOpenFileResult(const QStringList &paths)
-{
-    if (paths.size() == 1)
-        return paths.first();
-    if (paths.isEmpty())
-        return {};
-    const QString folder = folderPart(paths.first());
-    if (folder.isNull())
-        return {};
-    QString result = folder;
-    for (const QString &path : paths) {
-        if (folderPart(path) != folder)
-            return {};
-        result += kNul + path.mid(path.lastIndexOf(kPathSeparator) + 1);
-    }
-    return result;
-}
-
-QString FolderOfOpenFileResult(const QString &result)
-{
-    const QString text = TrimTrailingNulls(result);
-    const qsizetype firstNul = text.indexOf(kNul);
-    if (firstNul >= 0)
-        return text.left(firstNul);
-    const QString folder = GetFolderOf(text);
-    // A file in the root: its folder is the root, not "no folder".
-    if (folder.isEmpty() && text.startsWith(kPathSeparator))
-        return QString(kPathSeparator);
-    return folder;
-}
-
 FileOpener::FileOpener(FileChooser &chooser, LoadThumbFn loadThumb)
     : m_chooser(chooser), m_loadThumb(std::move(loadThumb))
 {
@@ -129,17 +64,18 @@ FileOpener::Choice FileOpener::ParseChosenFiles(const QStringList &paths)
     Choice choice;
     if (paths.isEmpty())
         return choice;
-    const QString joined = JoinOpenFileResult(paths);
-    if (!joined.isEmpty()) {
-        choice.entries = ParseOpenFileResult(joined);
-        choice.folder = FolderOfOpenFileResult(joined);
-        return choice;
+    const QString folder = folderPart(paths.first());
+    const bool oneFolder = paths.size() > 1 && !folder.isNull()
+                           && std::all_of(paths.begin(), paths.end(),
+                                          [&](const QString &path) { return folderPart(path) == folder; });
+    for (const QString &path : paths) {
+        if (!oneFolder) {
+            choice.entries.append(singleFileEntry(path));
+        } else if (const QString name = GetFileTitle(path); !name.isEmpty()) {
+            choice.entries.append({name, path});
+        }
     }
-    // Files from several folders (a chooser may allow typed paths): each
-    // keeps its own full path, and the next chooser opens at the first one.
-    for (const QString &path : paths)
-        choice.entries.append(singleFileEntry(path));
-    choice.folder = FolderOfOpenFileResult(paths.first());
+    choice.folder = folder.isNull() ? GetFolderOf(paths.first()) : folder;
     return choice;
 }
 

@@ -7,11 +7,6 @@
 // How the window uses it: it owns one FileOpener built with a
 // DialogFileChooser and its `LoadThumb`; the open commands call
 // `OpenFiles(false)`, the add-to-playlist commands `OpenFiles(true)`.
-//
-// The chosen files travel as one result text in the dialog's classic form:
-// a single full path, or the folder, a NUL, then the names separated by NULs.
-// `ParseOpenFileResult` turns that into (key, full path) entries whose key's
-// file title is the file's name.
 
 #include <QList>
 #include <QString>
@@ -32,36 +27,16 @@ struct FileFilterEntry {
 // The 25 entries: "All Supported Formats" with every extension, then one
 // entry per extension (upper-case caption), in table order.
 QList<FileFilterEntry> OpenFileFilterEntries();
-// The same as one text: "All Supported Formats|*.wav;*.flv;...;*.asf|WAV|*.wav|...|ASF|*.asf".
-QString OpenFileFilterText();
 // The same as Qt name filters: "All Supported Formats (*.wav *.flv ...)", "WAV (*.wav)", ...
 QStringList OpenFileNameFilters();
 // The chooser's title, "Open Video File".
 QString OpenFileDialogTitle();
-
-// The text without its trailing NUL characters; a text made only of NULs
-// comes back unchanged.
-QString TrimTrailingNulls(const QString &text);
 
 struct OpenFileEntry {
     QString key;  // the name (several files) or the path after its first separator (one file)
     QString path; // the full path
     bool operator==(const OpenFileEntry &) const = default;
 };
-
-// One path (no NUL): one entry. Otherwise the folder (a separator added when
-// it lacks one) joined to each NUL-separated name, in order. Empty names
-// (doubled NULs) are skipped; an empty result gives no entries.
-QList<OpenFileEntry> ParseOpenFileResult(const QString &result);
-
-// The chooser's full paths as a result text: the path itself for one file,
-// folder + NUL + names for several in one folder. Empty when the files do not
-// share one folder (the classic form cannot say that).
-QString JoinOpenFileResult(const QStringList &paths);
-
-// The folder the next chooser opens in after this choice: for one file its
-// folder, for several the part before the first NUL. The root folder stays "/".
-QString FolderOfOpenFileResult(const QString &result);
 
 // The open command.
 class FileOpener {
@@ -79,7 +54,12 @@ public:
     // system's default folder.
     QString LastOpenFolder() const { return m_lastOpenFolder; }
 
-    // The entries one choice gives, with the folder the next chooser opens in.
+    // The entries one choice gives, with the folder the next chooser opens in:
+    // the chooser's files in its order. Several files from one folder are
+    // keyed by their names; a single file, or files from several folders
+    // (a chooser may allow typed paths), by the path after its first
+    // separator. Either way the key's file title is the file's name. The
+    // next chooser opens in the first file's folder ("/" for the root).
     struct Choice {
         QList<OpenFileEntry> entries;
         QString folder;

@@ -89,6 +89,18 @@ void Playlist::addFiles(const QStringList &paths, bool playFirst)
     }
 }
 
+void Playlist::addEntry(const QString &title, const QImage &picture, const QString &path, const QString &mediaInfo)
+{
+    m_list.addItem(title, picture);
+    m_fullPaths << path;
+    m_mediaInfos << mediaInfo;
+    qCDebug(lcPlaylist) << "added" << path << "as entry" << m_fullPaths.size() - 1 << "info" << mediaInfo;
+    emit entryAdded(count() - 1);
+    if (m_rebuildOrder)
+        m_rebuildOrder();
+    emit changed();
+}
+
 void Playlist::commitReady()
 {
     // A message box or a play started from a commit may run the event loop;

@@ -43,6 +43,8 @@ public:
                    std::function<void()> done = {});
     // Adds several files in order; the first one plays when `playFirst`.
     void addFiles(const QStringList &paths, bool playFirst);
+    // Appends an entry that needs no probe (a DVD), at once.
+    void addEntry(const QString &title, const QImage &picture, const QString &path, const QString &mediaInfo);
 
     bool IsInPlaylist(const QString &fileName) const { return m_fullPaths.contains(fileName); }
     void removeSelected();

@@ -8,12 +8,38 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <algorithm>
 #include <limits>
 #include <utility>
 
 namespace quorvel {
 
 namespace {
+
+// The file keeps the window's place and size in twips.
+constexpr int kTwipsPerPixel = 15;
+
+// A place or size no screen has (a damaged or hand-edited file) is cut to a
+// million pixels, so the arithmetic on it cannot overflow.
+std::int32_t twipsToPixels(std::int32_t twips)
+{
+    return static_cast<std::int32_t>(std::clamp(twips / kTwipsPerPixel, -1'000'000, 1'000'000));
+}
+
+std::int32_t pixelsToTwips(std::int32_t pixels)
+{
+    return static_cast<std::int32_t>(std::clamp<qint64>(qint64(pixels) * kTwipsPerPixel,
+                                                        std::numeric_limits<std::int32_t>::min(),
+                                                        std::numeric_limits<std::int32_t>::max()));
+}
+
+template <typename Convert>
+Settings withWindowIn(Settings s, Convert convert)
+{
+    for (std::int32_t *v : {&s.WindowLeft, &s.WindowTop, &s.WindowWidth, &s.WindowHeight})
+        *v = convert(*v);
+    return s;
+}
 
 // Visits the settings in file order. The reader and the writer both walk
 // this one list, so they cannot disagree about the order.
@@ -213,13 +239,14 @@ std::optional<Settings> ConfigFile::parse(const QByteArray &contents)
     });
     if (!ok)
         return std::nullopt;
-    return s;
+    return withWindowIn(s, twipsToPixels);
 }
 
 QByteArray ConfigFile::serialize(const Settings &settings)
 {
+    const Settings inFile = withWindowIn(settings, pixelsToTwips);
     QByteArray out;
-    forEachValue(settings, [&](const auto &field) {
+    forEachValue(inFile, [&](const auto &field) {
         using T = std::remove_cvref_t<decltype(field)>;
         if constexpr (std::is_same_v<T, QString>) {
             out += quotedWhereNeeded(field.toUtf8());

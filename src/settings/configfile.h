@@ -4,7 +4,8 @@
 // takes a value up to the next comma, or up to the closing quote when it
 // starts with one; so texts are written as they are unless they hold a
 // comma, a quote, a line break or leading blanks, and then in quotes (a
-// quote inside doubled). Any damage (missing file, short file, a letter
+// quote inside doubled). The window's place and size are kept in twips, 15
+// to a pixel at 96 dpi, and are pixels everywhere else. Any damage (missing file, short file, a letter
 // where a number is due) brings back every default and rewrites the file.
 
 #include "settings/settings.h"

@@ -12,10 +12,10 @@ Settings DefaultSettings(const SettingsEnvironment &env)
     // Snapshots go below the user's pictures folder (the root when unknown).
     s.SnapshotFolder = env.picturesFolder.isEmpty() ? QString(kPathSeparator) : env.picturesFolder;
     s.SnapshotPrefix = QStringLiteral("IMG_");
-    s.WindowWidth = kStartWidthPx * kTwipsPerPixel;
-    s.WindowHeight = kStartHeightPx * kTwipsPerPixel;
-    s.WindowLeft = (env.screenWidthPx - kStartWidthPx) / 2 * kTwipsPerPixel;
-    s.WindowTop = (env.screenHeightPx - kStartHeightPx) / 2 * kTwipsPerPixel;
+    s.WindowWidth = kStartWidthPx;
+    s.WindowHeight = kStartHeightPx;
+    s.WindowLeft = (env.screenWidthPx - kStartWidthPx) / 2;
+    s.WindowTop = (env.screenHeightPx - kStartHeightPx) / 2;
     return s;
 }
 

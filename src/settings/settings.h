@@ -30,6 +30,7 @@ struct Settings {
     std::int16_t SnapshotPreview = 1;
     std::int16_t SnapshotPNG = 0;
     std::array<std::int16_t, kMediaExtensionCount> AssocFlags{};
+    // The window's place and size in pixels ("Config.cfg" holds them in twips).
     std::int32_t WindowLeft = 0;
     std::int32_t WindowTop = 0;
     std::int32_t WindowWidth = 0;
@@ -44,8 +45,7 @@ inline bool IsSet(std::int16_t flag)
     return flag != 0;
 }
 
-// Stored window sizes and positions are in twips, 15 to a pixel at 96 dpi.
-inline constexpr int kTwipsPerPixel = 15;
+// The window's size at the first start, in pixels.
 inline constexpr int kStartWidthPx = 388;
 inline constexpr int kStartHeightPx = 515;
 

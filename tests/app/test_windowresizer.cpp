@@ -8,7 +8,7 @@ using namespace quorvel;
 namespace {
 QSize px(int w, int h)
 {
-    return QSize(w * 15, h * 15);
+    return QSize(w, h);
 }
 } // namespace
 
@@ -31,13 +31,13 @@ TEST(WindowResizer, AWidthDragStopsAtTheMinimumForGood)
     QSize size = px(400, 400);
     r.move(398, 100, size);
     r.press(398, 100, size);
-    size = r.move(420, 100, size).outerTwips; // 22 pixels wider
+    size = r.move(420, 100, size).outer; // 22 pixels wider
     EXPECT_EQ(size, px(422, 400));
-    size = r.move(300, 100, size).outerTwips; // far left: clamped at 370
-    EXPECT_EQ(size.width(), 370 * 15);
+    size = r.move(300, 100, size).outer; // far left: clamped at 370
+    EXPECT_EQ(size.width(), 370);
     EXPECT_FALSE(r.isResizing());
-    size = r.move(500, 100, size).outerTwips; // no longer follows
-    EXPECT_EQ(size.width(), 370 * 15);
+    size = r.move(500, 100, size).outer; // no longer follows
+    EXPECT_EQ(size.width(), 370);
 }
 
 TEST(WindowResizer, AHeightDragOfAWideWindowSurvivesTheMinimum)
@@ -47,19 +47,19 @@ TEST(WindowResizer, AHeightDragOfAWideWindowSurvivesTheMinimum)
     r.move(300, 398, size);
     r.press(300, 398, size);
     EXPECT_TRUE(r.resizingHeight());
-    size = r.move(300, 100, size).outerTwips;
-    EXPECT_EQ(size.height(), 370 * 15);
+    size = r.move(300, 100, size).outer;
+    EXPECT_EQ(size.height(), 370);
     EXPECT_TRUE(r.resizingHeight()); // the width is above its minimum
-    size = r.move(300, 420, size).outerTwips;
-    EXPECT_GT(size.height(), 370 * 15);
+    size = r.move(300, 420, size).outer;
+    EXPECT_GT(size.height(), 370);
     // Past the left edge of the window the width snaps to the minimum.
     WindowResizer corner;
     QSize c = px(600, 600);
     corner.move(598, 598, c);
     corner.press(598, 598, c);
     EXPECT_TRUE(corner.resizingCorner());
-    c = corner.move(0, 598, c).outerTwips;
-    EXPECT_EQ(c.width(), 370 * 15);
+    c = corner.move(0, 598, c).outer;
+    EXPECT_EQ(c.width(), 370);
     corner.release();
     EXPECT_FALSE(corner.isResizing());
 }

@@ -1,12 +1,13 @@
 #include "../playback/qstringprint.h"
-#include "media/existingfileprobe.h"
 #include "menus/commanddispatcher.h"
 #include "menus/menumodel.h"
 #include "playback/player.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
+#include "support/existingfileprobe.h"
 #include "support/fakeengine.h"
+#include "support/memorythumblist.h"
 #include "support/recordingnotifier.h"
 
 #include <QDir>
@@ -73,8 +74,8 @@ struct DispatcherFixture : ::testing::Test {
     Settings settings;
     PlaybackState state;
     test::FakeEngine engine;
-    MemoryThumbList list;
-    ExistingFileProbe probe;
+    test::MemoryThumbList list;
+    test::ExistingFileProbe probe;
     test::RecordingNotifier notifier;
     Playlist playlist{list, probe, notifier};
     Player player{engine, settings, state, playlist};
@@ -96,7 +97,7 @@ struct DispatcherFixture : ::testing::Test {
         playlist.setPlayHandler([this](int i, bool fs) { player.PlayItem(i, fs); });
         playlist.setOrderHandler([this] { transport.rebuildOrder(); });
         commands.setDriveActions(&actions);
-        commands.setProgramFolder(dir.path());
+        commands.setProgramFolder(dir.path() + u'/'); // ends in "/", as the program folder does
     }
     void addFiles(int n)
     {
@@ -146,7 +147,7 @@ TEST_F(DispatcherFixture, EachCommandOfBothTreesReachesItsAction)
     const QString help = QDir(dir.path()).filePath(u"help/index.html"_qs);
     QDir(dir.path()).mkpath(u"help"_qs);
     QFile(help).open(QIODevice::WriteOnly);
-    commands.setDvdEntries({u"MOVIE (/dev/sr0)"_qs, u"<Please insert a DVD> (/dev/sr1)"_qs}, false);
+    commands.setDvdEntries({u"MOVIE (/dev/sr0)"_qs, u"<Please insert a DVD> (/dev/sr1)"_qs});
     taken();
     const struct {
         bool popup; // the pop-up tree, else the menu bar
@@ -275,11 +276,11 @@ TEST_F(DispatcherFixture, AModeChosenInEitherTreeShowsOneCheckPerGroupInBoth)
 
 TEST_F(DispatcherFixture, DriveEntriesAndHelpWithoutItsPages)
 {
-    commands.setDvdEntries({u"MOVIE (/dev/sr0)"_qs, u"DATA (/dev/sr1)"_qs}, false);
+    commands.setDvdEntries({u"MOVIE (/dev/sr0)"_qs, u"DATA (/dev/sr1)"_qs});
     EXPECT_TRUE(menu.isVisible(u"DVDList1"_qs) && menu.isEnabled(u"DVDList0"_qs));
     EXPECT_FALSE(menu.isVisible(u"DVDList2"_qs));
     EXPECT_EQ(classic.caption(u"dvdsList1"_qs), u"DATA (/dev/sr1)"_qs);
-    commands.setDvdEntries({}, true);
+    commands.setDvdEntries({});
     EXPECT_EQ(menu.caption(u"DVDList0"_qs), u"<No DVD drives were found>"_qs);
     EXPECT_EQ(classic.caption(u"dvdsList0"_qs), u"<No DVD drives were found>"_qs);
     EXPECT_FALSE(menu.isEnabled(u"DVDList0"_qs) || menu.isVisible(u"DVDList1"_qs)

@@ -1,8 +1,9 @@
-#include "media/existingfileprobe.h"
 #include "playback/engineoptions.h"
 #include "playback/player.h"
 #include "playlist/playlist.h"
+#include "support/existingfileprobe.h"
 #include "support/fakeengine.h"
+#include "support/memorythumblist.h"
 #include "support/recordingnotifier.h"
 
 #include <QCoreApplication>
@@ -20,8 +21,8 @@ struct PlayerFixture : ::testing::Test {
     Settings settings;
     PlaybackState state;
     FakeEngine engine;
-    MemoryThumbList list;
-    ExistingFileProbe probe;
+    test::MemoryThumbList list;
+    test::ExistingFileProbe probe;
     quorvel::test::RecordingNotifier notifier;
     Playlist playlist{list, probe, notifier};
     Player player{engine, settings, state, playlist};

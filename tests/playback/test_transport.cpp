@@ -1,9 +1,10 @@
-#include "media/existingfileprobe.h"
 #include "playback/player.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
+#include "support/existingfileprobe.h"
 #include "support/fakeengine.h"
+#include "support/memorythumblist.h"
 #include "support/recordingnotifier.h"
 #include "support/waituntil.h"
 
@@ -45,8 +46,8 @@ struct TransportFixture : ::testing::Test {
     Settings settings;
     PlaybackState state;
     test::FakeEngine engine;
-    MemoryThumbList list;
-    ExistingFileProbe probe;
+    test::MemoryThumbList list;
+    test::ExistingFileProbe probe;
     test::RecordingNotifier notifier;
     Playlist playlist{list, probe, notifier};
     Player player{engine, settings, state, playlist};

@@ -101,6 +101,7 @@ TEST(VlcEngine, LocalFilesGoAsPathsAndOnlyExplicitUrisAsLocations)
          u"file:///media/usb/http%3A//example.com/v%20%C3%A4%23.mp4"_qs},
         {u"/m/say \"hi\".mp4"_qs, u"file:///m/say%20%22hi%22.mp4"_qs},
         {u"dvd:///dev/sr0"_qs, u"dvd:///dev/sr0"_qs},
+        {u"dvd:///films/50% #2"_qs, u"dvd:///films/50%25%20%232"_qs},
         {u"http://example.com/v.mp4"_qs, u"http://example.com/v.mp4"_qs},
     };
     VlcEngine engine(nullptr);

@@ -19,14 +19,6 @@ inline void PrintTo(const QString &text, std::ostream *os)
 
 namespace {
 
-QString nul(std::initializer_list<const char *> parts)
-{
-    QStringList list;
-    for (const char *p : parts)
-        list << QString::fromUtf8(p);
-    return list.join(QChar(u'\0'));
-}
-
 // Answers with a prepared choice and remembers how it was asked.
 class ScriptedChooser final : public FileChooser {
 public:
@@ -53,53 +45,20 @@ struct Add {
 
 } // namespace
 
-// The first entry offers every extension of the others; the filter text and
-// the dialog's filters are built from the same entries.
-TEST(FileOpener, FilterEntriesTextAndDialogFilters)
+// The first entry offers every extension of the others; the dialog's filters
+// are built from the same entries.
+TEST(FileOpener, FilterEntriesAndDialogFilters)
 {
     const QList<FileFilterEntry> entries = OpenFileFilterEntries();
     ASSERT_FALSE(entries.isEmpty());
-    QStringList rest, text{entries.first().caption, entries.first().patterns.join(u';')};
-    for (const FileFilterEntry &e : entries.mid(1)) {
+    QStringList rest;
+    for (const FileFilterEntry &e : entries.mid(1))
         rest << e.patterns;
-        text << e.caption << e.patterns.join(u';');
-    }
     EXPECT_EQ(entries.first().patterns, rest);
-    EXPECT_EQ(OpenFileFilterText(), text.join(u'|'));
     const QStringList filters = OpenFileNameFilters();
     ASSERT_EQ(filters.size(), entries.size());
     EXPECT_EQ(filters.at(4), "MKV (*.mkv)");
     EXPECT_TRUE(filters.first().startsWith("All Supported Formats (*.wav *.flv "));
-}
-
-TEST(FileOpener, ParseOpenFileResultCases)
-{
-    // One file: the key is the path after its first separator, so its title is the name.
-    EXPECT_EQ(ParseOpenFileResult("/Media/a.avi"), (QList<OpenFileEntry>{{"Media/a.avi", "/Media/a.avi"}}));
-    EXPECT_EQ(ParseOpenFileResult("/a b/ç.mkv"), (QList<OpenFileEntry>{{"a b/ç.mkv", "/a b/ç.mkv"}}));
-    // Several: folder + separator + each name, in the order given.
-    EXPECT_EQ(ParseOpenFileResult(nul({"/Media", "c.avi", "a.avi", "b.mkv"})),
-              (QList<OpenFileEntry>{{"c.avi", "/Media/c.avi"}, {"a.avi", "/Media/a.avi"}, {"b.mkv", "/Media/b.mkv"}}));
-    // A folder that already ends with the separator (the root) gets no second one.
-    EXPECT_EQ(ParseOpenFileResult(nul({"/", "x.wav", "y.wav"})),
-              (QList<OpenFileEntry>{{"x.wav", "/x.wav"}, {"y.wav", "/y.wav"}}));
-    // Trailing NULs are dropped; empty input gives nothing.
-    EXPECT_EQ(ParseOpenFileResult(nul({"/M", "a.mp3", "", ""})), (QList<OpenFileEntry>{{"a.mp3", "/M/a.mp3"}}));
-    EXPECT_EQ(ParseOpenFileResult(QString("/M/a.mp3") + QChar(u'\0')), (QList<OpenFileEntry>{{"M/a.mp3", "/M/a.mp3"}}));
-    EXPECT_TRUE(ParseOpenFileResult("").isEmpty());
-    EXPECT_TRUE(ParseOpenFileResult(QString(3, QChar(u'\0'))).isEmpty());
-
-    EXPECT_EQ(TrimTrailingNulls(nul({"abc", "", ""})), "abc");
-    EXPECT_EQ(TrimTrailingNulls(nul({"a", "b"})), nul({"a", "b"}));
-    EXPECT_EQ(TrimTrailingNulls(QString(2, QChar(u'\0'))), QString(2, QChar(u'\0')));
-
-    EXPECT_EQ(JoinOpenFileResult({"/Media/a.avi"}), "/Media/a.avi");
-    EXPECT_EQ(JoinOpenFileResult({"/Media/a.avi", "/Media/b.avi"}), nul({"/Media", "a.avi", "b.avi"}));
-    EXPECT_EQ(JoinOpenFileResult({"/a.avi", "/b.avi"}), nul({"/", "a.avi", "b.avi"}));
-    EXPECT_TRUE(JoinOpenFileResult({"/x/a.avi", "/y/b.avi"}).isEmpty());
-    EXPECT_EQ(FolderOfOpenFileResult("/Media/a.avi"), "/Media");
-    EXPECT_EQ(FolderOfOpenFileResult("/a.avi"), "/");
-    EXPECT_EQ(FolderOfOpenFileResult(nul({"/Media", "a.avi", "b.avi"})), "/Media");
 }
 
 TEST(FileOpener, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)

@@ -1,4 +1,5 @@
 #include "playlist/playlist.h"
+#include "support/memorythumblist.h"
 #include "support/recordingnotifier.h"
 
 #include <QCoreApplication>
@@ -41,7 +42,7 @@ private:
 };
 
 struct PlaylistFixture : ::testing::Test {
-    MemoryThumbList list;
+    test::MemoryThumbList list;
     ScriptedProbe probe;
     RecordingNotifier notifier;
     Playlist playlist{list, probe, notifier};

@@ -56,10 +56,10 @@ Settings unusualSettings()
     s.SnapshotPNG = -1;
     for (int i = 0; i < kMediaExtensionCount; ++i)
         s.AssocFlags[i] = static_cast<std::int16_t>(i % 3 == 0 ? -1 : (i % 3 == 1 ? 1 : 0));
-    s.WindowLeft = -300;
-    s.WindowTop = 45;
-    s.WindowWidth = 12000;
-    s.WindowHeight = 9000;
+    s.WindowLeft = -20; // pixels: -300 twips in the file
+    s.WindowTop = 3;
+    s.WindowWidth = 800;
+    s.WindowHeight = 600;
     s.PlaylistPosition = 3;
     return s;
 }
@@ -75,8 +75,9 @@ TEST(ConfigFile, WritesCrLfLinesWithBlanksAroundNumbersAndCentresTheDefaultWindo
     EXPECT_EQ(lines[2], " 2 \r");                          // PlayMode
     EXPECT_EQ(lines[41], "-300 \r");                       // WindowLeft
     const Settings d = DefaultSettings(testEnvironment()); // on a 1280 x 1024 screen
-    EXPECT_EQ(d.WindowLeft, (1280 - 388) / 2 * 15);
-    EXPECT_EQ(d.WindowTop, (1024 - 515) / 2 * 15);
+    EXPECT_EQ(d.WindowLeft, (1280 - 388) / 2);
+    EXPECT_EQ(d.WindowTop, (1024 - 515) / 2);
+    EXPECT_EQ(ConfigFile::serialize(d).split('\n')[41], " 6690 \r"); // the file holds twips
 }
 
 TEST(ConfigFile, RoundTripsEveryValue)

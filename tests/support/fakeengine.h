@@ -16,7 +16,7 @@ public:
     };
 
     // Scripted answers.
-    int scriptedState = Playing;
+    State scriptedState = Playing;
     double scriptedPosition = 0;
     double scriptedTime = 0;
     double scriptedLength = 0;
@@ -60,7 +60,7 @@ public:
     void togglePause() override { log("togglePause"); }
     void stop() override { log("stop"); }
     int itemCount() const override { return static_cast<int>(items.size()); }
-    int state() const override { return control ? scriptedState : Idle; }
+    State state() const override { return control ? scriptedState : Idle; }
     double position() const override { return control ? scriptedPosition : 0; }
     void setPosition(double f) override
     {

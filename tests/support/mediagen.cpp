@@ -80,4 +80,35 @@ QString makeClip(const QString &name, double seconds, const QString &size)
                             QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p")});
 }
 
+QString makeDvdFolder(const QString &name, double seconds)
+{
+    const QString d = QString::number(seconds);
+    const QString clip = makeMedia(name + QStringLiteral(".mpg"),
+                                   {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
+                                    QStringLiteral("testsrc2=size=720x480:rate=30000/1001:duration=") + d,
+                                    QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
+                                    QStringLiteral("sine=frequency=440:duration=") + d, QStringLiteral("-shortest"),
+                                    QStringLiteral("-target"), QStringLiteral("ntsc-dvd"), QStringLiteral("-f"),
+                                    QStringLiteral("dvd")});
+    const QString folder = testMediaDir() + u'/' + name;
+    QLockFile lock(folder + QStringLiteral(".lock"));
+    lock.setStaleLockTime(0);
+    lock.lock();
+    if (clip.isEmpty() || QFileInfo::exists(folder + QStringLiteral("/VIDEO_TS/VIDEO_TS.IFO")))
+        return clip.isEmpty() ? QString() : folder;
+    // dvdauthor adds the title, then writes the table of contents.
+    const QString partial = testMediaDir() + QStringLiteral("/.partial-") + name;
+    QDir(partial).removeRecursively();
+    const QStringList author{QStringLiteral("VIDEO_FORMAT=NTSC"), QStringLiteral("dvdauthor"), QStringLiteral("-o"),
+                             partial};
+    QString out;
+    if (runTool(QStringLiteral("env"), author + QStringList{QStringLiteral("-t"), clip}, &out) != 0
+        || runTool(QStringLiteral("env"), author + QStringList{QStringLiteral("-T")}, &out) != 0) {
+        qWarning("dvdauthor failed for %s: %s", qPrintable(name), qPrintable(out));
+        return {};
+    }
+    QDir().rename(partial, folder);
+    return folder;
+}
+
 } // namespace quorvel::test

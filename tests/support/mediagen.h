@@ -14,6 +14,10 @@ QString makeMedia(const QString &name, const QStringList &args);
 // A clip with picture (testsrc2) and a sine tone of `seconds` length.
 QString makeClip(const QString &name, double seconds, const QString &size = QStringLiteral("320x240"));
 
+// A DVD-Video folder (VIDEO_TS with one title) of a `seconds` long NTSC
+// clip, made with ffmpeg and dvdauthor; empty when a tool failed.
+QString makeDvdFolder(const QString &name, double seconds);
+
 QString testMediaDir();
 QString programDir();
 
