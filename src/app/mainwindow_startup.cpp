@@ -21,6 +21,7 @@
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
 #include "playlist/playlist.h"
+#include "settings/associations.h"
 #include "settings/configfile.h"
 
 #include <QApplication>
@@ -39,6 +40,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     BuildMenu();
     InitPlayer();
     LoadConfigurations();
+    ApplyAssociations(m_settings.AssocFlags);
     LoadHistory();
     setupDvd();
     SetPlaylistPosition(5);

@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 #include "app/mediainfobox.h"
 #include "app/videoframe.h"
+#include "menus/menukeys.h"
 #include "playback/player.h"
 #include "playlist/playlist.h"
 #include "support/mediagen.h"
@@ -54,6 +55,11 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_FALSE(window.isLoading());
     EXPECT_TRUE(QFile::exists(window.tables().ConfigPath.writePath)); // defaults written at start
     EXPECT_FALSE(window.menu().isEnabled(u"Stop"_qs) || window.menu().isEnabled(u"Remove"_qs));
+    // The transport's modes show as the menu's marks: the defaults, then a choice.
+    MenuModel &menu = window.menu();
+    EXPECT_TRUE(menu.isChecked(menukey::PMContinuous) && menu.isChecked(menukey::RMRepeatAll));
+    menu.choose(menu.IndexOfKey(menukey::PMShuffle));
+    EXPECT_TRUE(menu.isChecked(menukey::PMShuffle) && !menu.isChecked(menukey::PMContinuous));
 
     auto *list = window.findChild<FancyList *>(u"FancyList1"_qs);
     auto *video = window.findChild<VideoFrame *>();

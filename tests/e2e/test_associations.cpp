@@ -1,0 +1,66 @@
+// File associations with the real program on a fresh home: the mkv flag of
+// "Config.cfg" decides at start-up which handler the desktop names.
+#include "e2efixture.h"
+
+using namespace quorvel::test;
+
+namespace {
+
+QString runTool(const Sandbox &box, const QString &program, const QStringList &args, int *exitCode = nullptr)
+{
+    QProcessEnvironment env = box.environment();
+    env.remove(u"XDG_CURRENT_DESKTOP"_qs); // the freedesktop lookup, whatever desktop runs the tests
+    QProcess p;
+    p.setProcessEnvironment(env);
+    p.setProcessChannelMode(QProcess::MergedChannels);
+    p.start(program, args);
+    p.waitForFinished(30000);
+    if (exitCode)
+        *exitCode = p.exitCode();
+    return QString::fromUtf8(p.readAll()).trimmed();
+}
+
+void writeFile(const QString &path, const QByteArray &text)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(text);
+}
+
+TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBack)
+{
+    const auto mkvDefault = [&] {
+        return runTool(m_box, u"xdg-mime"_qs, {u"query"_qs, u"default"_qs, u"video/x-matroska"_qs});
+    };
+    const auto startWithMkvFlag = [&](const QByteArray &flag) {
+        setConfigLine(20, flag); // AssocFlags(3)
+        auto q = launchInstance({});
+        q->terminate();
+        EXPECT_TRUE(q->waitForExit());
+    };
+    startWithMkvFlag(" -1 ");
+    EXPECT_EQ(mkvDefault(), u"quorvel.desktop"_qs);
+    const QString apps = m_box.homeDir() + u"/.local/share/applications/"_qs;
+    int valid = -1;
+    EXPECT_EQ(runTool(m_box, u"desktop-file-validate"_qs, {apps + u"quorvel.desktop"_qs}, &valid), QString());
+    EXPECT_EQ(valid, 0);
+
+    // Another handler is the user's choice; the player replaces it and gives it back.
+    writeFile(apps + u"other.desktop"_qs, "[Desktop Entry]\nType=Application\nName=Other\nExec=/bin/true %F\n");
+    const QString list = m_box.homeDir() + u"/.config/mimeapps.list"_qs;
+    const QByteArray before
+        = "# mine\n[Default Applications]\ntext/plain=other.desktop\nvideo/x-matroska=other.desktop\n"
+          "\n[Added Associations]\nvideo/x-matroska=other.desktop;\n";
+    writeFile(list, before);
+    ASSERT_EQ(mkvDefault(), u"other.desktop"_qs);
+    startWithMkvFlag(" -1 ");
+    EXPECT_EQ(mkvDefault(), u"quorvel.desktop"_qs);
+    startWithMkvFlag(" 0 ");
+    EXPECT_EQ(mkvDefault(), u"other.desktop"_qs);
+    QFile after(list);
+    ASSERT_TRUE(after.open(QIODevice::ReadOnly));
+    EXPECT_EQ(after.readAll(), before);
+}
+
+} // namespace
