@@ -8,8 +8,7 @@
 #include "common/paths.h"
 #include "common/tracelines.h"
 #include "media/mediaprobe.h"
-#include "menus/menubarview.h"
-#include "menus/menukeys.h"
+#include "menus/menuview.h"
 #include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
@@ -121,17 +120,14 @@ void MainWindow::connectParts()
             [this](const QStringList &files) { m_playlist->addFiles(SupportedPaths(files), false); });
     connect(m_listWidget, &FancyList::MouseDown, this,
             [this](Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
-                if (button != Qt::RightButton || !m_menuView)
-                    return;
-                if (QMenu *menu = m_menuView->menuFor(menukey::PlayList))
-                    menu->popup(m_listWidget->mapToGlobal(QPoint(x, y)));
+                if (button == Qt::RightButton)
+                    popupClassicBranch(QStringLiteral("mnuPlayListmenu"), m_listWidget->mapToGlobal(QPoint(x, y)));
             });
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
             [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
     connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });
     connect(m_videoFrame, &VideoFrame::rightClicked, this, [this](QPoint pos) {
-        if (QMenu *menu = m_menuView ? m_menuView->menuFor(menukey::Play) : nullptr)
-            menu->popup(m_videoFrame->mapToGlobal(pos));
+        popupClassicBranch(QStringLiteral("mnuPlayBackMenu"), m_videoFrame->mapToGlobal(pos));
     });
     connect(m_player.get(), &Player::itemStarted, this, [this] { m_videoFrame->showLogo(false); });
     m_engine->setFullscreenHandler([this](bool on) { enterFullScreen(on); });

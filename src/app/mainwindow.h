@@ -12,6 +12,7 @@
 #include "app/recenthistory.h"
 #include "app/windowresizer.h"
 #include "app/windowstates.h"
+#include "menus/commanddispatcher.h"
 #include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
@@ -48,7 +49,7 @@ namespace playlist {
 class DialogFileChooser;
 class FileOpener;
 } // namespace playlist
-class MenuBarView;
+class MenuView;
 class PaneSplitter;
 class Player;
 class Playlist;
@@ -57,7 +58,7 @@ class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
 
-class MainWindow : public QWidget, public TransportView {
+class MainWindow : public QWidget, public TransportView, public CommandActions, public DriveActions {
     Q_OBJECT
 public:
     MainWindow();
@@ -83,6 +84,8 @@ public:
     Player &player() { return *m_player; }
     Transport &transport() { return *m_transport; }
     MenuModel &menu() { return m_menu; }
+    MenuModel &classicMenu() { return m_classicMenu; }
+    CommandDispatcher &commands() { return *m_dispatcher; }
     // Drive enumeration and DVD playing (the Open DVD entries route here).
     DvdPlayback &dvd() { return *m_dvd; }
     const AppTables &tables() const { return m_tables; }
@@ -95,6 +98,7 @@ signals:
 protected:
     bool event(QEvent *event) override; // the caption's tooltip
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override; // the player keys
     void resizeEvent(QResizeEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -107,14 +111,10 @@ private:
     void InitPlayer();
     void buildWidgets();
     void connectParts();
-    void showCaption();
     void enterFullScreen(bool on);
     // The skin: pictures, layout of the child widgets, what the mouse does.
     void layoutChildren();
     void runSkinReaction(const SkinController::Reaction &reaction);
-    void runSkinCommand(SkinCommand command);
-    void ToggleMaximize();
-    void showMediaInformation();
     void setVolume(int volume);
     void onListClicked(int index);
 
@@ -126,22 +126,37 @@ private:
     void togglePlaylist() override;
     void closeWindow() override;
     void controlsChanged() override;
+
+    // What the commands ask of the window.
+    void minimize() override;
+    void toggleMaximize() override;
+    void maximizeOrRestore() override;
+    void showMediaInformation() override;
+    void showCaption() override;
+    void popupDvdMenu() override;
+    void showSettings() override;
+    void showAbout() override;
+    void setStaysOnTop(bool on) override;
+    void openUrl(const QUrl &url) override;
+    void playHistoryEntry(int slot) override;
+    void changeVolume(int delta) override;
+    void popupClassicBranch(const QString &key, QPoint globalPos);
     void enableDvdCheck() override;
+    // The drives, for the commands.
+    void playDrive(int index) override;
+    void refreshDrives() override;
     void onListDoubleClicked(int index);
     void flashCaption();
 
     // The skin pictures, the menu and the states of the controls.
     void LoadSkinImages();
     void BuildMenu();
-    void connectTransportToMenu();
-    void onMenuItemClick(int position);
     void followMediaControl(MediaAction action);
     void updatePlaylistMenuItems();
     void applyControls(const ControlEnables &controls);
     void applyTray();
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
-    void playHistoryEntry(int slot);
     // DVDs: the drive list, the check timer and "Open DVD folder or image...".
     void setupDvd();
     void openDvdSource();
@@ -171,11 +186,13 @@ private:
     FancyList *m_listWidget = nullptr;
     QProgressBar *m_addProgress = nullptr;
     QMenuBar *m_menuBar = nullptr;
-    MenuBarView *m_menuView = nullptr;
+    MenuView *m_menuView = nullptr;
+    MenuView *m_classicView = nullptr; // the pop-up tree
     QSystemTrayIcon *m_tray = nullptr;
     QShortcut *m_leaveFullScreen = nullptr;
 
     MenuModel m_menu;
+    MenuModel m_classicMenu;
     SkinImages m_skinImages;
     std::unique_ptr<SkinController> m_skin;
     WindowResizer m_resizer;
@@ -193,6 +210,7 @@ private:
     std::unique_ptr<Player> m_player;
     std::unique_ptr<playback::PowerControl> m_power;
     std::unique_ptr<Transport> m_transport;
+    std::unique_ptr<CommandDispatcher> m_dispatcher;
     std::unique_ptr<playlist::DialogFileChooser> m_chooser;
     std::unique_ptr<playlist::FileOpener> m_openFiles;
     std::unique_ptr<HandoffServer> m_handoff;

@@ -1,60 +1,35 @@
-// The menu of the main window: building it, keeping its states in step with
-// playback and the playlist, and turning choices into commands.
+// The menus of the main window: both trees built and shown, their states
+// following playback and the playlist, and what the commands ask of the
+// window. Choosing and dispatching is the CommandDispatcher's.
 
 #include "mainwindow.h"
 
 #include "app/mediacontrols.h"
+#include "app/mediainfobox.h"
 #include "common/logging.h"
-#include "common/paths.h"
 #include "common/tracelines.h"
-#include "menus/helptopics.h"
-#include "menus/menubarview.h"
-#include "menus/menukeys.h"
-#include "playback/player.h"
-#include "playback/transport.h"
+#include "menus/menuview.h"
 #include "playlist/playlist.h"
+#include "skin/skinlayout.h"
 
-#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSystemTrayIcon>
 
 namespace quorvel {
 
-namespace {
-
-// Checks the item of `group` at `index` and unchecks the others; an index
-// outside the group changes nothing.
-template <std::size_t N>
-void checkOneOf(MenuModel &menu, const std::array<QLatin1StringView, N> &group, int index)
-{
-    if (index < 0 || index >= int(N))
-        return;
-    for (int i = 0; i < int(N); ++i)
-        menu.setChecked(group[i], i == index);
-}
-
-} // namespace
-
 void MainWindow::BuildMenu()
 {
     quorvel::BuildMenu(m_menu);
-    m_menuView = new MenuBarView(m_menu, m_menuBar);
-    connect(&m_menu, &MenuModel::MenuItemClick, this, &MainWindow::onMenuItemClick);
-}
-
-void MainWindow::connectTransportToMenu()
-{
-    Transport *t = m_transport.get();
-    connect(t, &Transport::playModeChanged, this, [this](int mode) { checkOneOf(m_menu, menukey::kPlayModes, mode); });
-    connect(t, &Transport::repeatModeChanged, this,
-            [this](int mode) { checkOneOf(m_menu, menukey::kRepeatModes, mode); });
-    connect(t, &Transport::afterPlayChanged, this,
-            [this](int action) { checkOneOf(m_menu, menukey::kAfterPlay, action); });
-    connect(t, &Transport::rateStepsChanged, this, [this](bool canIncrease, bool canDecrease) {
-        m_menu.setEnabled(menukey::IncreaseSpeed, canIncrease);
-        m_menu.setEnabled(menukey::DecreaseSpeed, canDecrease);
-    });
+    quorvel::BuildClassicMenu(m_classicMenu);
+    m_menuView = new MenuView(m_menu, m_menuBar);
+    m_classicView = new MenuView(m_classicMenu, this);
+    // The window owns the keys too, so they work while the bar is hidden
+    // (full screen).
+    addActions(m_menuView->shortcutActions());
 }
 
 void MainWindow::followMediaControl(MediaAction action)
@@ -88,79 +63,106 @@ void MainWindow::applyTray()
         m_tray = new QSystemTrayIcon(windowIcon(), this);
         m_tray->setToolTip(QStringLiteral("Quorvel"));
         // The right button opens the File branch; a left click does nothing.
-        m_tray->setContextMenu(m_menuView ? m_menuView->menuFor(menukey::File) : nullptr);
+        m_tray->setContextMenu(m_classicView->menuFor(QStringLiteral("mnuFileMenu")));
     }
     m_tray->show();
 }
 
-void MainWindow::onMenuItemClick(int position)
+void MainWindow::popupClassicBranch(const QString &key, QPoint globalPos)
 {
-    const QString key = m_menu.KeyAt(position);
-    qCDebug(lcApp) << trace::kMenu << key;
-    Transport &t = *m_transport;
-    if (key == menukey::OpenFile) {
-        openFiles(false);
-    } else if (key == menukey::Exit) {
-        close();
-    } else if (key == menukey::PlayPause) {
-        if (m_playlist->list().count() < 1) {
-            openFiles(false);
-            m_menu.setEnabled(menukey::Stop, true);
-        } else {
-            t.CMDPauseClick();
-        }
-    } else if (key == menukey::Stop) {
-        t.cmdStopClick();
-        m_menu.setEnabled(menukey::Stop, false);
-    } else if (key == menukey::PMNormal) {
-        t.PBNormal();
-    } else if (key == menukey::PMContinuous) {
-        t.PBCont();
-    } else if (key == menukey::PMShuffle) {
-        t.PBShuffle();
-    } else if (key == menukey::RMNoRepeat) {
-        t.RepeatNone();
-    } else if (key == menukey::RMSingleRepeat) {
-        t.RepeatSingle();
-    } else if (key == menukey::RMRepeatAll) {
-        t.RepeatAll();
-    } else if (key == menukey::FullScreen) {
-        t.cmdFulScreenClick();
-    } else if (key == menukey::IncreaseSpeed) {
-        t.IncreaseRate();
-    } else if (key == menukey::DecreaseSpeed) {
-        t.DecreaseRate();
-    } else if (key == menukey::ResetSpeed) {
-        t.ResetRate();
-    } else if (key == menukey::Donothing) {
-        t.DoAfter(AfterDoNothing);
-    } else if (key == menukey::ExitQuorvel) {
-        t.DoAfter(AfterExit);
-    } else if (key == menukey::RestartTheComputer) {
-        t.DoAfter(AfterRestart);
-    } else if (key == menukey::ShutdownTheComputer) {
-        t.DoAfter(AfterShutdown);
-    } else if (key == menukey::AddVideoFile) {
-        openFiles(true);
-        if (m_playlist->list().selectedItem() < 0)
-            m_playlist->list().setSelectedItem(0);
-        updatePlaylistMenuItems();
-    } else if (key == menukey::Remove) {
-        m_playlist->removeSelected();
-        updatePlaylistMenuItems();
-    } else if (key == menukey::RemoveAll) {
-        m_playlist->removeAll();
-        updatePlaylistMenuItems();
-        // The list is empty: the caption names no entry any more.
-        m_playback.CaptionText = QStringLiteral("Quorvel");
-        showCaption();
-    } else if (key == menukey::Next) {
-        t.cmdNextClick();
-    } else if (key == menukey::Previous) {
-        t.cmdPreviousClick();
-    } else if (key == menukey::HelpTopics) {
-        ShowHelpTopics(m_tables.AppPath);
+    if (QMenu *menu = m_classicView ? m_classicView->menuFor(key) : nullptr)
+        menu->popup(globalPos);
+}
+
+void MainWindow::popupDvdMenu()
+{
+    popupClassicBranch(QStringLiteral("mnuOpenDVD"), mapToGlobal(QPoint(55, height() - 44)));
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    // Keys the focused child left alone (the playlist keeps its arrows).
+    if (m_dispatcher && m_dispatcher->runKey(QKeySequence(event->keyCombination())))
+        event->accept();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void MainWindow::minimize()
+{
+    showMinimized();
+}
+
+void MainWindow::maximizeOrRestore()
+{
+    if (isMaximized())
+        showNormal();
+    else
+        showMaximized();
+}
+
+void MainWindow::toggleMaximize()
+{
+    // Without a window manager the window takes the screen itself.
+    const QRect available = screen() ? screen()->availableGeometry() : QRect();
+    const WindowStates::Step step = m_windowStates.toggleMaximize(geometry(), available);
+    const bool maximized = step.show == WindowStates::Show::Maximized;
+    if (maximized) {
+        m_settings.WindowLeft = x();
+        m_settings.WindowTop = y();
+        showMaximized();
+    } else {
+        showNormal();
     }
+    m_skin->buttons().setState(BtnMinimize, maximized ? StateDisabled : StateNormal);
+    if (step.geometry.isValid())
+        setGeometry(step.geometry);
+    update();
+}
+
+void MainWindow::showMediaInformation()
+{
+    auto *box = new MediaInfoBox(m_playlist->mediaInfo(m_playlist->list().selectedItem()), this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::WindowModal);
+    box->open();
+    qCDebug(lcApp) << trace::kMediaInfoShown;
+}
+
+void MainWindow::showSettings()
+{
+    // The settings dialog is shown here once it exists.
+    qCDebug(lcApp) << "settings asked for";
+}
+
+void MainWindow::showAbout()
+{
+    // The about dialog is shown here once it exists.
+    qCDebug(lcApp) << "about asked for";
+}
+
+void MainWindow::setStaysOnTop(bool on)
+{
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == on)
+        return;
+    const bool shown = isVisible();
+    setWindowFlag(Qt::WindowStaysOnTopHint, on);
+    if (shown)
+        show(); // changing a window flag hides the window
+}
+
+void MainWindow::openUrl(const QUrl &url)
+{
+    const bool asked = QDesktopServices::openUrl(url);
+    qCDebug(lcApp) << "open" << url.toString() << (asked ? "asked of the desktop" : "refused by the desktop");
+}
+
+void MainWindow::changeVolume(int delta)
+{
+    const int volume = std::clamp(m_skin->state().volumeText.toInt() + delta, 0, 100);
+    m_skin->state().knobLeft = qRound(volume * (SkinLayout::kTrackWidth - SkinLayout::kKnobWidth) / 100.0);
+    setVolume(volume);
+    update();
 }
 
 } // namespace quorvel

@@ -30,15 +30,6 @@ void MainWindow::LoadHistory()
         qCDebug(lcApp) << trace::kHistoryAdded << path;
         ShowRecentFiles(*m_history, m_menu);
     });
-    connect(&m_menu, &MenuModel::MenuItemClick, this, [this](int position) {
-        const QString key = m_menu.KeyAt(position);
-        if (!key.startsWith(menukey::HistoryPrefix))
-            return;
-        bool ok = false;
-        const int slot = key.mid(menukey::HistoryPrefix.size()).toInt(&ok);
-        if (ok)
-            playHistoryEntry(slot);
-    });
 }
 
 void MainWindow::playHistoryEntry(int slot)

@@ -4,29 +4,21 @@
 
 #include "mainwindow.h"
 
-#include "app/mediainfobox.h"
 #include "app/panesplitter.h"
 #include "app/videoframe.h"
 #include "common/logging.h"
-#include "common/tracelines.h"
-#include "menus/menubarview.h"
-#include "menus/menukeys.h"
-#include "playback/player.h"
 #include "playback/vlcengine.h"
-#include "playlist/playlist.h"
 #include "skin/textellipsis.h"
 
+#include "common/tracelines.h"
 #include "playlist/fancylist.h"
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QHelpEvent>
-#include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
-#include <QScreen>
 #include <QToolTip>
 #include <QWindow>
 
@@ -160,8 +152,10 @@ void MainWindow::runSkinReaction(const SkinController::Reaction &r)
     }
     if (r.volume)
         setVolume(*r.volume);
-    for (SkinCommand c : r.commands)
-        runSkinCommand(c);
+    for (SkinCommand c : r.commands) {
+        qCDebug(lcSkin) << "command" << int(c);
+        m_dispatcher->runSkinCommand(c);
+    }
     if (r.repaint || r.seekTo || r.volume)
         update();
 }
@@ -171,106 +165,6 @@ void MainWindow::setVolume(int volume)
     m_engine->setVolume(volume);
     m_skin->state().volumeText = QString::number(volume);
     qCDebug(lcPlayback) << trace::kVolume << volume;
-}
-
-void MainWindow::runSkinCommand(SkinCommand c)
-{
-    Transport &t = *m_transport;
-    switch (c) {
-    case SkinCommand::Close:
-        close();
-        break;
-    case SkinCommand::ToggleMaximize:
-        ToggleMaximize();
-        break;
-    case SkinCommand::Minimize:
-        showMinimized();
-        break;
-    case SkinCommand::MaximizeOrRestore:
-        if (isMaximized())
-            showNormal();
-        else
-            showMaximized();
-        break;
-    case SkinCommand::Play:
-        t.CMDPlayClick();
-        break;
-    case SkinCommand::Pause:
-        t.CMDPauseClick();
-        break;
-    case SkinCommand::Stop:
-        t.cmdStopClick();
-        break;
-    case SkinCommand::Previous:
-        t.cmdPreviousClick();
-        break;
-    case SkinCommand::Next:
-        t.cmdNextClick();
-        break;
-    case SkinCommand::StartRewind:
-        t.StartRewind();
-        break;
-    case SkinCommand::StopRewind:
-        t.StopRewind();
-        break;
-    case SkinCommand::FastForwardDown:
-        t.cmdffMouseDown();
-        break;
-    case SkinCommand::FastForwardUp:
-        t.cmdffMouseUp();
-        break;
-    case SkinCommand::MediaInfo:
-        showMediaInformation();
-        break;
-    case SkinCommand::FullScreen:
-        t.cmdFulScreenClick();
-        break;
-    case SkinCommand::PlayList:
-        t.cmdPlayListClick();
-        break;
-    case SkinCommand::Dvd:
-        if (QMenu *dvd = m_menuView ? m_menuView->menuFor(menukey::OpenDVD) : nullptr)
-            dvd->popup(mapToGlobal(QPoint(55, height() - 44)));
-        break;
-    case SkinCommand::Open:
-        openFiles(false);
-        break;
-    case SkinCommand::Mute:
-        t.cmdMuteClick();
-        break;
-    case SkinCommand::DragWindow:
-    case SkinCommand::None:
-        break;
-    }
-    qCDebug(lcSkin) << "command" << int(c);
-}
-
-void MainWindow::ToggleMaximize()
-{
-    // Without a window manager the window takes the screen itself.
-    const QRect available = screen() ? screen()->availableGeometry() : QRect();
-    const WindowStates::Step step = m_windowStates.toggleMaximize(geometry(), available);
-    const bool maximized = step.show == WindowStates::Show::Maximized;
-    if (maximized) {
-        m_settings.WindowLeft = x();
-        m_settings.WindowTop = y();
-        showMaximized();
-    } else {
-        showNormal();
-    }
-    m_skin->buttons().setState(BtnMinimize, maximized ? StateDisabled : StateNormal);
-    if (step.geometry.isValid())
-        setGeometry(step.geometry);
-    update();
-}
-
-void MainWindow::showMediaInformation()
-{
-    auto *box = new MediaInfoBox(m_playlist->mediaInfo(m_playlist->list().selectedItem()), this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setWindowModality(Qt::WindowModal);
-    box->open();
-    qCDebug(lcApp) << trace::kMediaInfoShown;
 }
 
 } // namespace quorvel

@@ -103,14 +103,16 @@ void MainWindow::InitPlayer()
     m_power = std::make_unique<playback::LogindPower>();
     m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, *m_power,
                                               *this);
-    connectTransportToMenu();
+    m_dispatcher = std::make_unique<CommandDispatcher>(m_menu, m_classicMenu, *m_transport, *m_playlist, m_playback,
+                                                       m_settings, *this, m_notifier);
+    m_dispatcher->setProgramFolder(m_tables.AppPath);
     m_chooser = std::make_unique<playlist::DialogFileChooser>(this);
     m_openFiles = std::make_unique<playlist::FileOpener>(
         *m_chooser, [this](const QString &title, const QString &file, bool fullScreen, bool forcePlay) {
             m_playlist->LoadThumb(title, file, fullScreen, forcePlay);
         });
     connectParts();
-    m_player->AddVLCPLayer();
+    m_player->createEngine();
 }
 
 void MainWindow::LoadConfigurations()

@@ -9,7 +9,5 @@ namespace quorvel {
 
 // The guide's address: "help/index.html" in the program folder.
 QUrl HelpTopicsUrl(const QString &programFolder);
-// Asks the desktop to open the guide; a failure of the desktop is silent.
-void ShowHelpTopics(const QString &programFolder);
 
 } // namespace quorvel

@@ -5,9 +5,9 @@
 namespace quorvel {
 
 void MenuModel::AddMenuItem(const QString &parentKey, const QString &key, int kind, const QString &caption,
-                            int shortcutModifier, int shortcutKey, bool checked, bool enabled, bool visible)
+                            const QKeySequence &shortcut, bool checked, bool enabled, bool visible)
 {
-    m_items.push_back({key, parentKey, kind, caption, shortcutModifier, shortcutKey, checked, enabled, visible});
+    m_items.push_back({key, parentKey, kind, caption, shortcut, checked, enabled, visible});
 }
 
 int MenuModel::IndexOfKey(const QString &key) const
@@ -75,6 +75,12 @@ bool MenuModel::isEnabled(const QString &key) const
     return valid(i) && m_items[i].enabled;
 }
 
+bool MenuModel::isVisible(const QString &key) const
+{
+    const int i = IndexOfKey(key);
+    return valid(i) && m_items[i].visible;
+}
+
 void MenuModel::checkOneOf(const QStringList &group, const QString &key)
 {
     for (const QString &k : group)
@@ -87,34 +93,41 @@ void MenuModel::choose(int position)
         emit MenuItemClick(position);
 }
 
+void MenuModel::open(int position)
+{
+    if (valid(position))
+        emit branchOpening(position);
+}
+
 void BuildMenu(MenuModel &m)
 {
     using K = MenuItem::Kind;
-    constexpr int ctrl = 2;
+    auto ctrl = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
     m.AddMenuItem({}, menukey::File, K::Command, QStringLiteral("&File"));
     m.AddMenuItem(menukey::File, menukey::OpenMenu, K::Command, QStringLiteral("&Open"));
-    m.AddMenuItem(menukey::OpenMenu, menukey::OpenFile, K::Command, QStringLiteral("Open Media File..."), ctrl, 79);
+    m.AddMenuItem(menukey::OpenMenu, menukey::OpenFile, K::Command, QStringLiteral("Open Media File..."),
+                  ctrl(Qt::Key_O));
     m.AddMenuItem(menukey::OpenMenu, menukey::OpenDVD, K::Command, QStringLiteral("Open DVD"));
-    m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(0), K::Command, kNoDvdDrivesCaption, 0, 0, false, false);
+    m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(0), K::Command, kNoDvdDrivesCaption, {}, false, false);
     for (int i = 1; i <= 5; ++i)
-        m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(i), K::Command, QString(), 0, 0, false, true, false);
+        m.AddMenuItem(menukey::OpenDVD, menukey::DVDList(i), K::Command, QString(), {}, false, true, false);
     // Besides discs: a DVD-Video folder or an image file.
     m.AddMenuItem(menukey::OpenDVD, {}, K::Separator, {});
     m.AddMenuItem(menukey::OpenDVD, menukey::OpenDVDSource, K::Command, QStringLiteral("Open DVD folder or image..."));
     m.AddMenuItem(menukey::File, menukey::RecentMenu, K::Command, QStringLiteral("Recently Played Files"));
-    m.AddMenuItem(menukey::RecentMenu, menukey::History(0), K::Command, QStringLiteral("<No History>"), 0, 0, false,
+    m.AddMenuItem(menukey::RecentMenu, menukey::History(0), K::Command, QStringLiteral("<No History>"), {}, false,
                   false);
     for (int i = 1; i <= 10; ++i)
-        m.AddMenuItem(menukey::RecentMenu, menukey::History(i), K::Command, QString(), 0, 0, false, true, false);
+        m.AddMenuItem(menukey::RecentMenu, menukey::History(i), K::Command, QString(), {}, false, true, false);
     m.AddMenuItem(menukey::File, {}, K::Separator, {});
-    m.AddMenuItem(menukey::File, menukey::Exit, K::Command, QStringLiteral("E&xit"), ctrl, 88);
+    m.AddMenuItem(menukey::File, menukey::Exit, K::Command, QStringLiteral("E&xit"), ctrl(Qt::Key_X));
 
     m.AddMenuItem({}, menukey::Play, K::Command, QStringLiteral("&Play"));
-    m.AddMenuItem(menukey::Play, menukey::PlayPause, K::Command, QStringLiteral("Play/Pause"), ctrl, 80);
-    m.AddMenuItem(menukey::Play, menukey::Stop, K::Command, QStringLiteral("Stop"), ctrl, 83);
+    m.AddMenuItem(menukey::Play, menukey::PlayPause, K::Command, QStringLiteral("Play/Pause"), ctrl(Qt::Key_P));
+    m.AddMenuItem(menukey::Play, menukey::Stop, K::Command, QStringLiteral("Stop"), ctrl(Qt::Key_S));
     m.AddMenuItem(menukey::Play, {}, K::Separator, {});
     m.AddMenuItem(menukey::Play, menukey::PlayMode, K::Command, QStringLiteral("Play Mode"));
-    m.AddMenuItem(menukey::PlayMode, menukey::PMNormal, K::Check, QStringLiteral("&Normal"), 0, 0, true);
+    m.AddMenuItem(menukey::PlayMode, menukey::PMNormal, K::Check, QStringLiteral("&Normal"), {}, true);
     m.AddMenuItem(menukey::PlayMode, menukey::PMContinuous, K::Check, QStringLiteral("&Continuous"));
     m.AddMenuItem(menukey::PlayMode, menukey::PMShuffle, K::Check, QStringLiteral("&Shuffle"));
     m.AddMenuItem(menukey::Play, menukey::RepeatMode, K::Command, QStringLiteral("Repeat Mode"));
@@ -122,14 +135,16 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(menukey::RepeatMode, menukey::RMSingleRepeat, K::Check, QStringLiteral("&Single Repeat"));
     m.AddMenuItem(menukey::RepeatMode, menukey::RMRepeatAll, K::Check, QStringLiteral("&Repeat All"));
     m.AddMenuItem(menukey::Play, {}, K::Separator, {});
-    m.AddMenuItem(menukey::Play, menukey::FullScreen, K::Command, QStringLiteral("Full Screen"), ctrl, 70);
+    m.AddMenuItem(menukey::Play, menukey::FullScreen, K::Command, QStringLiteral("Full Screen"), ctrl(Qt::Key_F));
     m.AddMenuItem(menukey::Play, {}, K::Separator, {});
-    m.AddMenuItem(menukey::Play, menukey::IncreaseSpeed, K::Command, QStringLiteral("Increase Speed"), ctrl, 38);
-    m.AddMenuItem(menukey::Play, menukey::DecreaseSpeed, K::Command, QStringLiteral("Decrease Speed"), ctrl, 40);
-    m.AddMenuItem(menukey::Play, menukey::ResetSpeed, K::Command, QStringLiteral("Reset Speed"), ctrl, 82);
+    m.AddMenuItem(menukey::Play, menukey::IncreaseSpeed, K::Command, QStringLiteral("Increase Speed"),
+                  ctrl(Qt::Key_Up));
+    m.AddMenuItem(menukey::Play, menukey::DecreaseSpeed, K::Command, QStringLiteral("Decrease Speed"),
+                  ctrl(Qt::Key_Down));
+    m.AddMenuItem(menukey::Play, menukey::ResetSpeed, K::Command, QStringLiteral("Reset Speed"), ctrl(Qt::Key_R));
     m.AddMenuItem(menukey::Play, {}, K::Separator, {});
-    m.AddMenuItem(menukey::Play, menukey::AfterPlay, K::Command, QStringLiteral("After file playing finished"), ctrl,
-                  80);
+    m.AddMenuItem(menukey::Play, menukey::AfterPlay, K::Command, QStringLiteral("After file playing finished"),
+                  ctrl(Qt::Key_P));
     m.AddMenuItem(menukey::AfterPlay, menukey::Donothing, K::Check, QStringLiteral("Do nothing"));
     m.AddMenuItem(menukey::AfterPlay, menukey::ExitQuorvel, K::Check, QStringLiteral("Exit Quorvel"));
     m.AddMenuItem(menukey::AfterPlay, menukey::RestartTheComputer, K::Check, QStringLiteral("Restart the Computer"));
@@ -140,14 +155,16 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(menukey::PlayList, menukey::Remove, K::Command, QStringLiteral("Remove"));
     m.AddMenuItem(menukey::PlayList, menukey::RemoveAll, K::Command, QStringLiteral("Remove All"));
     m.AddMenuItem(menukey::PlayList, {}, K::Separator, {});
-    m.AddMenuItem(menukey::PlayList, menukey::Next, K::Command, QStringLiteral("Next"), 0, 34);
-    m.AddMenuItem(menukey::PlayList, menukey::Previous, K::Command, QStringLiteral("Previous"), 0, 33);
+    m.AddMenuItem(menukey::PlayList, menukey::Next, K::Command, QStringLiteral("Next"), QKeySequence(Qt::Key_PageDown));
+    m.AddMenuItem(menukey::PlayList, menukey::Previous, K::Command, QStringLiteral("Previous"),
+                  QKeySequence(Qt::Key_PageUp));
 
     m.AddMenuItem({}, menukey::Tools, K::Command, QStringLiteral("&Tools"));
     m.AddMenuItem(menukey::Tools, menukey::Options, K::Command, QStringLiteral("Options"));
     m.AddMenuItem({}, menukey::Help, K::Command, QStringLiteral("&Help"));
     m.AddMenuItem(menukey::Help, menukey::About, K::Command, QStringLiteral("&About"));
-    m.AddMenuItem(menukey::Help, menukey::HelpTopics, K::Command, QStringLiteral("&Help Topics"), 0, 112);
+    m.AddMenuItem(menukey::Help, menukey::HelpTopics, K::Command, QStringLiteral("&Help Topics"),
+                  QKeySequence(Qt::Key_F1));
 }
 
 void ShowDvdDrives(MenuModel &menu, const QStringList &captions)

@@ -4,6 +4,7 @@
 // states. Other parts of the program change items only through their keys;
 // the menu bar widget shows the model and reports choices as positions.
 
+#include <QKeySequence>
 #include <QObject>
 #include <QString>
 #include <QVector>
@@ -15,9 +16,8 @@ struct MenuItem {
     QString key;
     QString parentKey; // empty for the top-level entries
     int kind = Command;
-    QString caption;          // "&" marks the mnemonic letter
-    int shortcutModifier = 0; // 2 = Ctrl, 0 = none
-    int shortcutKey = 0;      // virtual-key code, 0 = none
+    QString caption; // "&" marks the mnemonic letter
+    QKeySequence shortcut;
     bool checked = false;
     bool enabled = true;
     bool visible = true;
@@ -29,8 +29,7 @@ public:
     using QObject::QObject;
 
     void AddMenuItem(const QString &parentKey, const QString &key, int kind, const QString &caption,
-                     int shortcutModifier = 0, int shortcutKey = 0, bool checked = false, bool enabled = true,
-                     bool visible = true);
+                     const QKeySequence &shortcut = {}, bool checked = false, bool enabled = true, bool visible = true);
     // Position of the item with `key`, or -1.
     int IndexOfKey(const QString &key) const;
     QString KeyAt(int position) const;
@@ -45,6 +44,8 @@ public:
     void setChecked(const QString &key, bool checked) { SetChecked(IndexOfKey(key), checked); }
     bool isChecked(const QString &key) const;
     bool isEnabled(const QString &key) const;
+    bool isVisible(const QString &key) const;
+    QString caption(const QString &key) const { return CaptionAt(IndexOfKey(key)); }
     // Checks `key` and unchecks the others of its group.
     void checkOneOf(const QStringList &group, const QString &key);
 
@@ -52,10 +53,13 @@ public:
     const MenuItem &item(int position) const { return m_items.at(position); }
     // Reports a choice by the user.
     void choose(int position);
+    // Reports that the branch at `position` is about to open.
+    void open(int position);
 
 signals:
     void itemChanged(int position);
     void MenuItemClick(int position);
+    void branchOpening(int position);
 
 private:
     bool valid(int position) const { return position >= 0 && position < count(); }
@@ -63,11 +67,17 @@ private:
 };
 
 inline const QString kNoDvdDrivesCaption = QStringLiteral("<No DVD drives were found>");
+// Drive entries of either tree ("DVDList0".."DVDList5", "dvdsList0".."dvdsList5").
+inline constexpr int kDvdEntries = 6;
 
-// Builds the program's menu in its fixed order.
+// Builds the program's menu bar in its fixed order.
 void BuildMenu(MenuModel &menu);
 // Shows the captions of the drives in "DVDList0" ... "DVDList5"; without
 // drives, "DVDList0" says so, disabled.
 void ShowDvdDrives(MenuModel &menu, const QStringList &captions);
+// Builds the pop-up tree: the same commands under their own names (the keys
+// are the entry names, "dvdsList0" for the first drive entry), popped up by
+// branch from the tray, the video, the playlist and the DVD button.
+void BuildClassicMenu(MenuModel &menu);
 
 } // namespace quorvel

@@ -108,9 +108,9 @@ void DvdPlayback::start(const QString &caption, const QString &source)
     qCDebug(lcPlayback) << "DVD start" << path;
     // Whatever started a DVD, polling would only start it again.
     m_checkTimer.stop();
-    m_transport.cmdStopClick([this, caption, path] {
-        m_player.RemoveVLCPlayer();
-        m_player.AddVLCPLayer();
+    m_transport.stop([this, caption, path] {
+        m_player.destroyEngine();
+        m_player.createEngine();
         m_view.setTimeText(QStringLiteral("LOADING..."));
         m_playlist.removeAll();
         m_playlist.addEntry(caption, m_picture, path, kDvdMediaInfo);

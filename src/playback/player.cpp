@@ -108,8 +108,8 @@ StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
         return StartResult::FileMissing;
     }
     m_startedBy = by;
-    RemoveVLCPlayer();
-    AddVLCPLayer();
+    destroyEngine();
+    createEngine();
     m_state.CurrentFile = path;
     if (m_state.VLCOptions.size() <= kSnapshotPathOptionIndex)
         SaveVLCOptions();

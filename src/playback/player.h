@@ -34,9 +34,9 @@ public:
     Player(Engine &engine, const Settings &settings, PlaybackState &state, Playlist &playlist,
            QObject *parent = nullptr);
 
-    // `AddVLCPLayer` / `RemoveVLCPlayer`: a fresh control for every item.
-    void AddVLCPLayer() { m_engine.createControl(); }
-    void RemoveVLCPlayer() { m_engine.destroyControl(); }
+    // A fresh engine control for every item.
+    void createEngine() { m_engine.createControl(); }
+    void destroyEngine() { m_engine.destroyControl(); }
     // Rebuilds the engine options from the settings.
     void SaveVLCOptions();
     // Sets the three flags and tells the controls to follow.

@@ -24,10 +24,10 @@ Transport::Transport(Engine &engine, Settings &settings, PlaybackState &state, P
 {
     m_movieTimer.setInterval(500);
     m_movieTimer.setObjectName(QStringLiteral("tmrMovie"));
-    connect(&m_movieTimer, &QTimer::timeout, this, &Transport::tmrMovie_Timer);
+    connect(&m_movieTimer, &QTimer::timeout, this, &Transport::monitorTick);
     m_rewindTimer.setInterval(10);
     m_rewindTimer.setObjectName(QStringLiteral("tmrRewind"));
-    connect(&m_rewindTimer, &QTimer::timeout, this, &Transport::tmrRewind_Timer);
+    connect(&m_rewindTimer, &QTimer::timeout, this, &Transport::rewindTick);
     m_settleTimer.setSingleShot(true);
     m_settleTimer.setInterval(500);
     connect(&m_settleTimer, &QTimer::timeout, this, &Transport::settleStop);
@@ -47,7 +47,7 @@ StartResult Transport::playEntry(int index)
     return m_player.PlayItem(index, false, StartedBy::Advance);
 }
 
-void Transport::CMDPlayClick()
+void Transport::play()
 {
     if (m_playlist.list().count() < 1) {
         m_view.openFiles(false);
@@ -68,7 +68,7 @@ void Transport::CMDPlayClick()
     m_player.PlayItem(selected, false);
 }
 
-void Transport::CMDPauseClick()
+void Transport::pause()
 {
     if (!m_state.MediaLoaded && !m_state.IsHalted)
         return; // ended: nothing to pause or resume
@@ -81,7 +81,7 @@ void Transport::CMDPauseClick()
     m_player.enableMediaControl(halt ? MediaAction::Paused : MediaAction::Playing);
 }
 
-void Transport::cmdStopClick(std::function<void()> then)
+void Transport::stop(std::function<void()> then)
 {
     if (m_engine.itemCount() < 1 || m_stopping) {
         if (then)
@@ -135,23 +135,23 @@ void Transport::step(bool forward)
     }
 }
 
-void Transport::cmdNextClick()
+void Transport::next()
 {
     step(true);
 }
 
-void Transport::cmdPreviousClick()
+void Transport::previous()
 {
     step(false);
 }
 
-void Transport::cmdffMouseDown()
+void Transport::fastForwardPressed()
 {
     if (m_state.MediaLoaded)
         m_engine.setRate(10.0);
 }
 
-void Transport::cmdffMouseUp()
+void Transport::fastForwardReleased()
 {
     if (m_state.MediaLoaded)
         m_engine.setRate(1.0); // a speed chosen before is not restored
@@ -170,25 +170,25 @@ void Transport::StopRewind()
     m_rewindTimer.stop();
 }
 
-void Transport::tmrRewind_Timer()
+void Transport::rewindTick()
 {
     m_engine.setPosition(m_engine.position() + m_rewindStep * 0.001);
 }
 
-void Transport::cmdFulScreenClick()
+void Transport::toggleFullScreen()
 {
     if (m_state.MediaLoaded)
         m_engine.setFullscreen(true);
 }
 
-void Transport::cmdMuteClick()
+void Transport::toggleMute()
 {
     m_engine.toggleMute();
     m_state.IsMuted = !m_state.IsMuted;
     m_view.controlsChanged();
 }
 
-void Transport::cmdPlayListClick()
+void Transport::togglePlaylist()
 {
     m_view.togglePlaylist();
 }
@@ -246,7 +246,7 @@ void Transport::PBNormal()
     m_sequence.MakeSequentialOrder(m_playlist.list().count(), m_playlist.list().selectedItem());
 }
 
-void Transport::PBCont()
+void Transport::PBContinuous()
 {
     m_settings.PlayMode = PlayContinuous;
     emit playModeChanged(PlayContinuous);
@@ -282,7 +282,7 @@ void Transport::applyStoredModes()
 {
     switch (m_settings.PlayMode) {
     case PlayContinuous:
-        PBCont();
+        PBContinuous();
         break;
     case PlayNormal:
         PBNormal();
@@ -332,7 +332,7 @@ void Transport::DoAfterFinishPlay()
     }
 }
 
-void Transport::tmrMovie_Timer()
+void Transport::monitorTick()
 {
     if (!m_engine.hasControl() || m_stopping)
         return;
@@ -383,7 +383,7 @@ void Transport::runEndOfItem(EndOfItem next)
     // every tick.
     auto nothingCanPlay = [this] {
         qCDebug(lcPlayback) << "nothing in the playlist can play";
-        cmdStopClick();
+        stop();
     };
     while (next.kind == EndOfItem::PlayEntry) {
         if (m_player.unplayableInRow() >= m_sequence.count())
@@ -397,10 +397,10 @@ void Transport::runEndOfItem(EndOfItem next)
     case EndOfItem::Replay:
         if (m_player.unplayableInRow() > 0)
             return nothingCanPlay(); // the item would fail again
-        cmdStopClick([this] { CMDPlayClick(); });
+        stop([this] { play(); });
         break;
     case EndOfItem::StopAndAfterPlay:
-        cmdStopClick([this] { DoAfterFinishPlay(); });
+        stop([this] { DoAfterFinishPlay(); });
         break;
     case EndOfItem::PlayEntry: // handled above
     case EndOfItem::Nothing:

@@ -46,32 +46,33 @@ public:
               playback::PowerControl &power, TransportView &view, QObject *parent = nullptr);
 
     PlaySequence &sequence() { return m_sequence; }
+    Engine &engine() { return m_engine; }
 
     // Commands.
-    void CMDPlayClick();
-    void CMDPauseClick();
+    void play();
+    void pause();
     // Stops, then runs `then` once the engine has had its half second to
     // settle; the window keeps painting meanwhile. A command given while the
     // stop settles wins: the stop's stopped state and `then` are dropped.
-    void cmdStopClick(std::function<void()> then = {});
+    void stop(std::function<void()> then = {});
     // The settle time of a stop (500 ms); tests set 0.
     void setStopSettleDelay(int ms) { m_settleTimer.setInterval(ms); }
-    void cmdNextClick();
-    void cmdPreviousClick();
-    void cmdffMouseDown();
-    void cmdffMouseUp();
+    void next();
+    void previous();
+    void fastForwardPressed();
+    void fastForwardReleased();
     void StartRewind();
     void StopRewind();
-    void cmdFulScreenClick();
-    void cmdMuteClick();
-    void cmdPlayListClick();
+    void toggleFullScreen();
+    void toggleMute();
+    void togglePlaylist();
     void IncreaseRate();
     void DecreaseRate();
     void ResetRate();
 
     // Play and repeat modes; each reports the mode it set.
     void PBNormal();
-    void PBCont();
+    void PBContinuous();
     void PBShuffle();
     void RepeatNone();
     void RepeatSingle();
@@ -86,8 +87,8 @@ public:
     int afterPlayAction() const { return m_afterPlay; }
 
     // The monitor's tick (every 500 ms) and the rewind tick (every 10 ms).
-    void tmrMovie_Timer();
-    void tmrRewind_Timer();
+    void monitorTick();
+    void rewindTick();
     QTimer &movieTimer() { return m_movieTimer; }
     QTimer &rewindTimer() { return m_rewindTimer; }
     bool isStopping() const { return m_stopping; }

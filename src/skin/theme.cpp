@@ -26,14 +26,11 @@ QString menuBarStyleSheet()
 
 QString menuStyleSheet()
 {
-    return QStringLiteral(
-        "QMenuBar, QMenu { background: #717171; color: #F2FFFF; }"
-        "QMenuBar::item { background: transparent; padding: 2px 8px; }"
-        "QMenuBar::item:selected, QMenu::item:selected { background: #E0E0E0; color: #202020; }"
-        "QMenu::item:disabled { color: #B8B8B8; }"
-        "QMenu::separator { height: 1px; background: #E0E0E0; margin: 3px 6px; }"
-        "QMenu::indicator { width: 12px; height: 12px; background: #404040; border: 1px solid #E0E0E0; }"
-        "QMenu::indicator:checked { background: #FFFFFF; }");
+    return QStringLiteral("QMenuBar, QMenu { background: #717171; color: #F2FFFF; }"
+                          "QMenuBar::item { background: transparent; padding: 2px 8px; }"
+                          "QMenuBar::item:selected, QMenu::item:selected { background: #E0E0E0; color: #202020; }"
+                          "QMenu::item:disabled { color: #B8B8B8; }"
+                          "QMenu::separator { height: 1px; background: #E0E0E0; margin: 3px 6px; }");
 }
 
 QPalette listPalette(QPalette base)

@@ -1,5 +1,5 @@
-#include "menus/menubarview.h"
 #include "menus/menumodel.h"
+#include "menus/menuview.h"
 
 #include <QAction>
 #include <QMenu>
@@ -37,12 +37,12 @@ TEST(MenuModel, GroupsKeepOneCheckAndChoicesSkipDisabledItems)
     EXPECT_EQ(clicks, QList<int>{m.IndexOfKey(u"Exit"_qs)});
 }
 
-TEST(MenuBarView, FollowsTheModelAndReportsChoices)
+TEST(MenuView, FollowsTheModelAndReportsChoices)
 {
     MenuModel m;
     BuildMenu(m);
     QMenuBar bar;
-    MenuBarView view(m, &bar);
+    MenuView view(m, &bar);
     EXPECT_EQ(bar.actions().size(), 5);
     QAction *stop = view.actionFor(u"Stop"_qs);
     ASSERT_TRUE(stop);
@@ -63,4 +63,22 @@ TEST(MenuBarView, FollowsTheModelAndReportsChoices)
     exitAfter->trigger();
     EXPECT_EQ(chosen, QStringList{u"ExitQuorvel"_qs});
     EXPECT_FALSE(exitAfter->isChecked());
+    // Full screen hides the bar: the window owns the keyed items as well.
+    EXPECT_TRUE(view.shortcutActions().contains(stop));
+}
+
+TEST(MenuView, PopupTreeShowsShortcutsWithoutTakingTheKeysAndReportsOpening)
+{
+    MenuModel m;
+    BuildClassicMenu(m);
+    QWidget owner;
+    MenuView view(m, &owner);
+    QAction *faster = view.actionFor(u"mnuincspeed"_qs);
+    ASSERT_TRUE(faster);
+    EXPECT_EQ(faster->text(), u"Increase Speed\tCtrl+Up"_qs);
+    EXPECT_TRUE(faster->shortcut().isEmpty()); // the menu bar's Ctrl+Up has one owner
+    QStringList opened;
+    QObject::connect(&m, &MenuModel::branchOpening, [&](int p) { opened << m.KeyAt(p); });
+    emit view.menuFor(u"mnuPlayBackMenu"_qs)->aboutToShow();
+    EXPECT_EQ(opened, QStringList{u"mnuPlayBackMenu"_qs});
 }

@@ -162,8 +162,8 @@ TEST_F(DvdFixture, PollingStartsAMountedVideoDvdOnceAndWhatCannotPlayLosesNothin
     // the second drive was unplugged. The data disc never starts.
     drives.described.removeLast();
     engine.scriptedLength = engine.scriptedTime = 3000;
-    transport.tmrMovie_Timer();
-    transport.tmrMovie_Timer();
+    transport.monitorTick();
+    transport.monitorTick();
     EXPECT_TRUE(dvd.checkTimer().isActive());
     const auto calls = engine.calls.size();
     dvd.checkForDisc();
@@ -176,6 +176,6 @@ TEST_F(DvdFixture, PollingStartsAMountedVideoDvdOnceAndWhatCannotPlayLosesNothin
     settle();
     EXPECT_EQ(list.itemText(0) + u'|' + playlist.fullPath(0), u"Summer 2024|dvd://"_qs + folder);
     engine.scriptedState = Engine::Error;
-    transport.tmrMovie_Timer();
+    transport.monitorTick();
     EXPECT_EQ(notifier.texts(), QStringList(2, u"Please insert a valid DVD."_qs));
 }

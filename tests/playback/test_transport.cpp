@@ -80,9 +80,9 @@ struct TransportFixture : ::testing::Test {
         engine.scriptedState = Engine::Playing;
         engine.scriptedLength = 3000;
         engine.scriptedTime = 3000;
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         ASSERT_FALSE(state.MediaLoaded);
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
     }
     // As a double-click on entry i does.
     void start(int i)
@@ -117,7 +117,7 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
         int closes;
     } cases[] = {
         {"continuous, repeat all",
-         &Transport::PBCont,
+         &Transport::PBContinuous,
          &Transport::RepeatAll,
          AfterExit,
          0,
@@ -126,8 +126,8 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
          false,
          {},
          0},
-        {"continuous, no repeat", &Transport::PBCont, &Transport::RepeatNone, AfterExit, 0, 3, {0, 1, 2}, true, {}, 1},
-        {"single", &Transport::PBCont, &Transport::RepeatSingle, AfterExit, 1, 1, {1}, false, {}, 0},
+        {"continuous, no repeat", &Transport::PBContinuous, &Transport::RepeatNone, AfterExit, 0, 3, {0, 1, 2}, true, {}, 1},
+        {"single", &Transport::PBContinuous, &Transport::RepeatSingle, AfterExit, 1, 1, {1}, false, {}, 0},
         {"normal", &Transport::PBNormal, &Transport::RepeatAll, AfterShutdown, 0, 1, {0}, true, {u"powerOff"_qs}, 0},
         {"shuffle", &Transport::PBShuffle, &Transport::RepeatNone, AfterDoNothing, 0, 3, {0, 1, 2}, true, {}, 0},
     };
@@ -171,36 +171,36 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
 
 TEST_F(TransportFixture, ButtonsWithNothingOrNothingPlayable)
 {
-    transport.CMDPlayClick(); // an empty list: the chooser opens
+    transport.play(); // an empty list: the chooser opens
     EXPECT_EQ(view.opened, QList<bool>{false});
     addFiles(3);
-    transport.CMDPlayClick(); // entries only added: the controls switch, the engine has nothing
+    transport.play(); // entries only added: the controls switch, the engine has nothing
     EXPECT_TRUE(state.MediaLoaded);
     EXPECT_EQ(engine.itemCount(), 0);
     player.enableMediaControl(MediaAction::Stopped);
     engine.calls.clear();
-    transport.cmdStopClick();
+    transport.stop();
     EXPECT_TRUE(engine.calls.isEmpty() && !transport.isStopping());
 
     // Next and previous wrap, but not while paused.
-    transport.PBCont();
+    transport.PBContinuous();
     start(2);
-    transport.cmdNextClick();
+    transport.next();
     EXPECT_EQ(playingIndex(), 0);
-    transport.cmdPreviousClick();
+    transport.previous();
     EXPECT_EQ(playingIndex(), 2);
-    transport.CMDPauseClick();
-    transport.cmdNextClick();
+    transport.pause();
+    transport.next();
     EXPECT_EQ(playingIndex(), 2);
-    transport.CMDPauseClick(); // resumes
+    transport.pause(); // resumes
     EXPECT_TRUE(state.MediaLoaded);
 
     // An engine that cannot start: play and pause keep the stopped state, said once.
     engine.scriptedFailure = u"libVLC could not be started"_qs;
     start(0);
-    transport.CMDPlayClick();
-    transport.CMDPauseClick();
-    transport.tmrMovie_Timer();
+    transport.play();
+    transport.pause();
+    transport.monitorTick();
     EXPECT_TRUE(state.IsStopped && state.IsHalted && !state.MediaLoaded);
     EXPECT_FALSE(view.rateVisible); // never "Loading..."
     EXPECT_EQ(notifier.messages.size(), 1u);
@@ -216,41 +216,41 @@ TEST_F(TransportFixture, SpeedFastForwardRewindAndMute)
     EXPECT_FALSE(rateSteps.first);
     transport.DecreaseRate();
     EXPECT_TRUE(rateSteps.first);
-    transport.cmdffMouseDown(); // 10x while held, then normal speed
+    transport.fastForwardPressed(); // 10x while held, then normal speed
     EXPECT_DOUBLE_EQ(engine.rate, 10);
-    transport.cmdffMouseUp();
+    transport.fastForwardReleased();
     EXPECT_DOUBLE_EQ(engine.rate, 1);
     engine.scriptedPosition = 0.5;
     transport.StartRewind();
-    transport.tmrRewind_Timer();
+    transport.rewindTick();
     EXPECT_DOUBLE_EQ(engine.lastSetPosition, 0.499);
     transport.StopRewind();
     EXPECT_FALSE(transport.rewindTimer().isActive());
-    transport.cmdMuteClick();
+    transport.toggleMute();
     EXPECT_TRUE(state.IsMuted && engine.muted && view.repaints == 1);
 }
 
 TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
 {
     addFiles(3);
-    transport.PBCont();
+    transport.PBContinuous();
     const std::vector<std::pair<const char *, std::function<void()>>> commands{
-        {"next", [&] { transport.cmdNextClick(); }},
-        {"play", [&] { transport.CMDPlayClick(); }},
-        {"pause", [&] { transport.CMDPauseClick(); }},
+        {"next", [&] { transport.next(); }},
+        {"play", [&] { transport.play(); }},
+        {"pause", [&] { transport.pause(); }},
         {"double-click", [&] { start(2); }},
     };
     for (const auto &[name, command] : commands) {
         start(0);
         bool followUp = false;
-        transport.cmdStopClick([&] { followUp = true; });
+        transport.stop([&] { followUp = true; });
         command();
         settle();
         EXPECT_TRUE(state.MediaLoaded && !state.IsHalted && !state.IsStopped && !followUp) << name;
         // The monitor follows the item again, up to its end and the advance.
         engine.scriptedTime = 1000;
         engine.scriptedLength = 3000;
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         EXPECT_EQ(view.time, u"00:00:01 / 00:00:03"_qs) << name;
         const QString before = state.CurrentFile;
         endItem();
@@ -264,7 +264,7 @@ TEST_F(TransportFixture, ACommandGivenWhileAStopSettlesWins)
 TEST_F(TransportFixture, UnplayableFilesAreSkippedSaidOnceAndAllUnplayableStops)
 {
     addFiles(3);
-    transport.PBCont();
+    transport.PBContinuous();
     transport.RepeatAll();
     const QStringList paths = playlist.fullPaths();
     auto cannot = [&](int i, const char *why) { return u"Cannot open file <"_qs + paths[i] + u">\r\n"_qs + why; };
@@ -275,10 +275,10 @@ TEST_F(TransportFixture, UnplayableFilesAreSkippedSaidOnceAndAllUnplayableStops)
         engine.scriptedStreams = 0;
         engine.scriptedTime = engine.scriptedLength = 0;
         engine.scriptedState = Engine::Playing;
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
         engine.scriptedState = (viaError = !viaError) ? Engine::Error : Engine::Ended;
-        transport.tmrMovie_Timer();
-        transport.tmrMovie_Timer();
+        transport.monitorTick();
+        transport.monitorTick();
         engine.scriptedStreams = 2;
     };
     start(0);
@@ -290,7 +290,7 @@ TEST_F(TransportFixture, UnplayableFilesAreSkippedSaidOnceAndAllUnplayableStops)
     QFile::remove(paths[2]);
     endItem(); // 1 -> (2) -> 0
     EXPECT_EQ(playingIndex(), 0);
-    transport.cmdPreviousClick(); // 0 -> (2) -> 1
+    transport.previous(); // 0 -> (2) -> 1
     EXPECT_EQ(playingIndex(), 1);
     fail(); // 1 -> (2) -> 0
     fail(); // nothing can play: stop instead of trying on every tick
