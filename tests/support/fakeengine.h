@@ -57,16 +57,36 @@ public:
     int itemCount() const override { return static_cast<int>(items.size()); }
     State state() const override { return control ? scriptedState : Idle; }
     double position() const override { return control ? scriptedPosition : 0; }
-    void setPosition(double f) override { lastSetPosition = f; }
+    void setPosition(double f) override
+    {
+        calls << u"setPosition"_qs;
+        lastSetPosition = f;
+    }
     double time() const override { return control ? scriptedTime : 0; }
     double length() const override { return control ? scriptedLength : 0; }
     bool hasVout() const override { return control && scriptedVout; }
     int streamCount() const override { return control ? scriptedStreams : 0; }
-    void setRate(double r) override { rate = r; }
+    void setRate(double r) override
+    {
+        calls << u"setRate"_qs;
+        rate = r;
+    }
     void setVolume(int v) override { volume = v; }
-    void toggleMute() override { muted = !muted; }
-    void setFullscreen(bool on) override { fullscreen = on; }
-    void toggleFullscreen() override { fullscreen = !fullscreen; }
+    void toggleMute() override
+    {
+        calls << u"toggleMute"_qs;
+        muted = !muted;
+    }
+    void setFullscreen(bool on) override
+    {
+        calls << u"setFullscreen"_qs;
+        fullscreen = on;
+    }
+    void toggleFullscreen() override
+    {
+        calls << u"toggleFullscreen"_qs;
+        fullscreen = !fullscreen;
+    }
 };
 
 } // namespace quorvel::test
