@@ -111,8 +111,9 @@ TEST(StartupNegotiator, HandsOverOrBecomesTheInstanceAndNeverDropsFilesSilently)
             EXPECT_EQ(channel.registry.command, d.endpoints.command) << c.name;
             EXPECT_EQ(d.files, command.files) << c.name;
         }
-        if (sends > 0) // files go to the command endpoint, a plain start's "Hello" to the probe
+        if (sends > 0) { // files go to the command endpoint, a plain start's "Hello" to the probe
             EXPECT_EQ(channel.sent.first().section(u' ', 0, 0), c.withFile ? running.command : running.probe) << c.name;
+        }
     }
 }
 
