@@ -170,16 +170,22 @@ TEST(FfmpegReport, HelpersAndTheKeptReport)
     clsSource s;
     s.FileName = u"/m/a.avi"_qs;
     s.Duration = 83.4f;
-    s.Streams = {
-        {.Type = StreamEntry::Video,
-         .BitRate = 900,
-         .Compression = u"MPEG-4"_qs,
-         .FPS = 25,
-         .Width = 640,
-         .Height = 480,
-         .SourceAR = 640.0f / 480.0f,
-         .DisplayAR = 2.21f},
-        {.Type = StreamEntry::Audio, .BitRate = 128, .Compression = u"MP3"_qs, .Channels = 2, .SampleRate = 44100}};
+    StreamEntry video;
+    video.Type = StreamEntry::Video;
+    video.BitRate = 900;
+    video.Compression = u"MPEG-4"_qs;
+    video.FPS = 25;
+    video.Width = 640;
+    video.Height = 480;
+    video.SourceAR = 640.0f / 480.0f;
+    video.DisplayAR = 2.21f;
+    StreamEntry audio;
+    audio.Type = StreamEntry::Audio;
+    audio.BitRate = 128;
+    audio.Compression = u"MP3"_qs;
+    audio.Channels = 2;
+    audio.SampleRate = 44100;
+    s.Streams = {video, audio};
     EXPECT_EQ(BuildReport(s), u"Stream information of /m/a.avi\r\nDuration  : 83.4\r\nStarttime : 0\r\n"
                               "Stream 0 (Video)\r\nWidth       : 640 pixels\r\nHeight      : 480 pixels\r\n"
                               "Framerate   : 25\r\nCompression : MPEG-4\r\nSource AR   : Normal (4:3)\r\n"

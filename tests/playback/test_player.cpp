@@ -35,7 +35,7 @@ struct PlayerFixture : ::testing::Test {
         player.SaveVLCOptions();
         playlist.setPlayHandler([this](int i, bool fs) { player.PlayItem(i, fs); });
         QObject::connect(&player, &Player::controlsChanged, [this](MediaAction a) { actions << a; });
-        for (const QString name : {u"one.mp4"_qs, u"two words.mkv"_qs, u"three.avi"_qs}) {
+        for (const QString &name : {u"one.mp4"_qs, u"two words.mkv"_qs, u"three.avi"_qs}) {
             QFile(dir.filePath(name)).open(QIODevice::WriteOnly);
             playlist.LoadThumb(name, dir.filePath(name));
         }
