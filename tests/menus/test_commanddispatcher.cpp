@@ -5,9 +5,9 @@
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
-#include "support/existingfileprobe.h"
 #include "support/fakeengine.h"
 #include "support/memorythumblist.h"
+#include "support/playbackrig.h"
 #include "support/recordingnotifier.h"
 
 #include <QDir>
@@ -69,16 +69,7 @@ const QStringList kClassicAfterPlay{u"mnuAfterPlaying0"_qs, u"mnuAfterPlaying1"_
                                     u"mnuAfterPlaying3"_qs};
 const QStringList kPlaylistItems{u"Remove"_qs, u"RemoveAll"_qs, u"Next"_qs, u"Previous"_qs};
 
-struct DispatcherFixture : ::testing::Test {
-    QTemporaryDir dir;
-    Settings settings;
-    PlaybackState state;
-    test::FakeEngine engine;
-    test::MemoryThumbList list;
-    test::ExistingFileProbe probe;
-    test::RecordingNotifier notifier;
-    Playlist playlist{list, probe, notifier};
-    Player player{engine, settings, state, playlist};
+struct DispatcherFixture : ::testing::Test, test::PlaybackRig {
     MenuModel menu, classic;
     NoPower power;
     SilentView view;

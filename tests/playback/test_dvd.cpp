@@ -3,10 +3,10 @@
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
-#include "support/existingfileprobe.h"
 #include "support/fakedrivelist.h"
 #include "support/fakeengine.h"
 #include "support/memorythumblist.h"
+#include "support/playbackrig.h"
 #include "support/recordingnotifier.h"
 #include "support/waituntil.h"
 
@@ -75,16 +75,7 @@ TEST(DvdDrives, SystemTablesDvdSourcesAndTheKeyedMenu)
 
 namespace {
 
-struct DvdFixture : ::testing::Test, TransportView, playback::PowerControl {
-    QTemporaryDir dir;
-    Settings settings;
-    PlaybackState state;
-    test::FakeEngine engine;
-    test::MemoryThumbList list;
-    test::ExistingFileProbe probe;
-    test::RecordingNotifier notifier;
-    Playlist playlist{list, probe, notifier};
-    Player player{engine, settings, state, playlist};
+struct DvdFixture : ::testing::Test, test::PlaybackRig, TransportView, playback::PowerControl {
     MenuModel menu;
     Transport transport{engine, settings, state, playlist, player, *this, *this};
     test::FakeDriveList drives;

@@ -1,9 +1,9 @@
 #include "playback/engineoptions.h"
 #include "playback/player.h"
 #include "playlist/playlist.h"
-#include "support/existingfileprobe.h"
 #include "support/fakeengine.h"
 #include "support/memorythumblist.h"
+#include "support/playbackrig.h"
 #include "support/recordingnotifier.h"
 
 #include <QCoreApplication>
@@ -16,16 +16,7 @@ using quorvel::test::FakeEngine;
 
 namespace {
 
-struct PlayerFixture : ::testing::Test {
-    QTemporaryDir dir;
-    Settings settings;
-    PlaybackState state;
-    FakeEngine engine;
-    test::MemoryThumbList list;
-    test::ExistingFileProbe probe;
-    quorvel::test::RecordingNotifier notifier;
-    Playlist playlist{list, probe, notifier};
-    Player player{engine, settings, state, playlist};
+struct PlayerFixture : ::testing::Test, test::PlaybackRig {
     QList<MediaAction> actions;
 
     void SetUp() override

@@ -2,9 +2,9 @@
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
-#include "support/existingfileprobe.h"
 #include "support/fakeengine.h"
 #include "support/memorythumblist.h"
+#include "support/playbackrig.h"
 #include "support/recordingnotifier.h"
 #include "support/waituntil.h"
 
@@ -37,17 +37,8 @@ struct RecordingView final : TransportView {
     void controlsChanged() override { ++repaints; }
 };
 
-struct TransportFixture : ::testing::Test {
+struct TransportFixture : ::testing::Test, test::PlaybackRig {
     void TestBody() override {}
-    QTemporaryDir dir;
-    Settings settings;
-    PlaybackState state;
-    test::FakeEngine engine;
-    test::MemoryThumbList list;
-    test::ExistingFileProbe probe;
-    test::RecordingNotifier notifier;
-    Playlist playlist{list, probe, notifier};
-    Player player{engine, settings, state, playlist};
     RecordingPower power;
     RecordingView view;
     Transport transport{engine, settings, state, playlist, player, power, view};
