@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QString>
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 namespace quorvel::bench {
@@ -24,6 +25,13 @@ double Measure(F &&work, int rounds)
     }
     std::sort(samples.begin(), samples.end());
     return samples[samples.size() / 2];
+}
+
+// Now on the clock the program's trace stamps use (steady, in milliseconds).
+inline qint64 monotonicMs()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 // The monotonic time the program's trace gives for the first line matching

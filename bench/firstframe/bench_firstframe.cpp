@@ -34,13 +34,8 @@ using namespace quorvel::test;
 namespace {
 
 using quorvel::bench::median;
+using quorvel::bench::monotonicMs;
 using quorvel::bench::stamp;
-
-qint64 monotonicMs()
-{
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
 
 // Pixels of the test pattern's magenta and yellow bars. The player's own
 // window shows blue and white, and its playlist a thumbnail of the clip far

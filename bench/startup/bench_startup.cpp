@@ -20,13 +20,8 @@ using namespace quorvel::test;
 namespace {
 
 using quorvel::bench::median;
+using quorvel::bench::monotonicMs;
 using quorvel::bench::stamp;
-
-qint64 monotonicMs()
-{
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
 
 struct Sample {
     qint64 toPaint = -1;
