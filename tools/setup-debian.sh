@@ -10,7 +10,7 @@ PACKAGES=(
     ffmpeg mpgtx libavformat-dev libavcodec-dev libswscale-dev libavutil-dev
     libgtest-dev googletest
     xvfb xauth xdotool imagemagick fonts-dejavu-core dvdauthor
-    dbus xdg-utils shared-mime-info desktop-file-utils
+    dbus playerctl xdg-utils shared-mime-info desktop-file-utils
 )
 
 # libVLC's plugin cache: without it every start loads all plugins one by one

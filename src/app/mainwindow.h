@@ -89,6 +89,8 @@ public:
     // Drive enumeration and DVD playing (the Open DVD entries route here).
     DvdPlayback &dvd() { return *m_dvd; }
     const AppTables &tables() const { return m_tables; }
+    // The volume slider's value, 0 to 100.
+    int volume() const { return m_skin->state().volumeText.toInt(); }
     bool isLoading() const { return m_isLoading; }
 
 signals:

@@ -4,6 +4,7 @@
 
 #include "mainwindow.h"
 
+#include "app/desktopbus.h"
 #include "app/handoffserver.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
@@ -71,6 +72,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
         m_handoff->setCommandHandler(
             [this](const QString &text, std::function<void()> done) { receiveCommand(text, std::move(done)); });
     }
+    new DesktopBus(*this); // media keys, panel widgets and the screen saver
     m_isLoading = false;
     m_transport->movieTimer().start();
     m_dvd->checkTimer().start();

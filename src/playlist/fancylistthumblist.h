@@ -18,6 +18,7 @@ public:
     void setSelectedItem(int index) override { m_list->setSelectedItem(index); }
     QString selectedText() const override { return m_list->SelectedText(); }
     QString itemText(int index) const override { return m_list->itemText(index); }
+    QImage itemImage(int index) const override { return m_list->itemImage(index); }
     void refresh() override { m_list->update(); }
     // Shown as far as the list itself goes, even while its pane is folded away.
     bool isVisible() const override { return !m_list->isHidden(); }

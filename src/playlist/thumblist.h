@@ -23,6 +23,8 @@ public:
     // Title of the current item, empty when there is none.
     virtual QString selectedText() const = 0;
     virtual QString itemText(int index) const = 0;
+    // Thumbnail of item `index`; null when it has none or there is no such item.
+    virtual QImage itemImage(int) const { return {}; }
     virtual void refresh() = 0;
     virtual bool isVisible() const = 0;
     virtual void setVisible(bool visible) = 0;
