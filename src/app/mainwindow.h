@@ -83,7 +83,7 @@ public:
     DvdPlayback &dvd();
     const AppTables &tables() const { return m_tables; }
     // The volume slider's value, 0 to 100.
-    int volume() const { return m_skin->state().volumeText.toInt(); }
+    int volume() const;
     bool isLoading() const { return m_isLoading; }
 
 signals:

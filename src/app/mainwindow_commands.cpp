@@ -107,6 +107,11 @@ void MainWindow::openUrl(const QUrl &url)
     qCDebug(lcApp) << "open" << url.toString() << (asked ? "asked of the desktop" : "refused by the desktop");
 }
 
+int MainWindow::volume() const
+{
+    return m_surface->skin().state().volumeText.toInt();
+}
+
 void MainWindow::changeVolume(int delta)
 {
     m_surface->changeVolume(delta);
