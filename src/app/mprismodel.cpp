@@ -215,7 +215,7 @@ bool MprisModel::canPlay() const
 
 bool MprisModel::canPause() const
 {
-    return isPlaying() || (isPaused() && m_engine.itemCount() > 0);
+    return isPlaying() || isPaused();
 }
 
 bool MprisModel::canSeek() const
