@@ -85,10 +85,13 @@ TEST_F(DesktopBusTest, TheScreenSaverIsHeldOffWhileTheVideoPlays)
     auto quorvelCalls = [&] {
         QFile f(calls);
         f.open(QIODevice::ReadOnly);
-        QStringList lines;
+        QStringList lines, cookies;
         for (const QByteArray &l : f.readAll().split('\n')) {
-            if (l.startsWith("Inhibit Quorvel ") || l.startsWith("UnInhibit "))
-                lines << QString::fromUtf8(l).replace(u"Inhibit Quorvel "_qs, u"Inhibit "_qs);
+            const QString cookie = QString::fromUtf8(l.mid(l.lastIndexOf(' ') + 1));
+            if (l.startsWith("Inhibit Quorvel ") && !cookies.contains(cookie))
+                lines << u"Inhibit "_qs + (cookies << cookie).last();
+            else if (l.startsWith("UnInhibit ") && cookies.contains(cookie))
+                lines << u"UnInhibit "_qs + cookie;
         }
         return lines;
     };
