@@ -8,11 +8,15 @@
 namespace quorvel {
 
 DesktopBus::DesktopBus(MainWindow &window, const QDBusConnection &bus)
-    : QObject(&window), m_window(window),
-      m_model(window.transport(), window.player(), window.playlist(), window.settings(), *this), m_service(m_model),
-      m_screenSaver(bus)
+    : QObject(&window), m_window(window), m_screenSaver(bus)
 {
-    m_service.registerOn(bus);
+    if (!bus.isConnected())
+        return; // no desktop to tell: the player runs on its own
+    MprisHost &host = *this;
+    m_model = std::make_unique<MprisModel>(window.transport(), window.player(), window.playlist(), window.settings(),
+                                           host);
+    m_service = std::make_unique<MprisService>(*m_model);
+    m_service->registerOn(bus);
     connect(&window.player(), &Player::controlsChanged, this, &DesktopBus::followScreenSaver);
     // Whether the item shows a picture is known only once it plays.
     connect(&window.transport().movieTimer(), &QTimer::timeout, this, &DesktopBus::followScreenSaver);

@@ -30,9 +30,9 @@ private:
     void followScreenSaver();
 
     MainWindow &m_window;
-    MprisModel m_model;
-    MprisService m_service;
     FreedesktopScreenSaver m_screenSaver;
+    std::unique_ptr<MprisModel> m_model;
+    std::unique_ptr<MprisService> m_service;
     ScreenSaverGuard m_guard{m_screenSaver};
 };
 
