@@ -1,5 +1,6 @@
 // What the desktop's media controls see and do, on a scripted engine.
 #include "app/mprismodel.h"
+#include "app/screensaver.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "support/playbackrig.h"
@@ -126,4 +127,35 @@ TEST(MprisModel, OpenUriAddsLocalMediaFilesOnly)
     EXPECT_FALSE(r.model.openUri(u"file:///tmp/notes.txt"_qs).isEmpty());
     EXPECT_TRUE(r.model.openUri(u"file:///tmp/a%20b.mkv"_qs).isEmpty());
     EXPECT_EQ(r.added, QStringList{u"/tmp/a b.mkv"_qs});
+}
+
+// One step after another: the screen saver is held off while a video plays
+// and the setting asks for it, and the service is asked only on a change.
+TEST(ScreenSaver, HeldOffWhileAVideoPlaysAskingOnlyOnAChange)
+{
+    struct Recorder final : ScreenSaverService {
+        std::string calls; // + inhibit, - uninhibit
+        void inhibit() override { calls += '+'; }
+        void uninhibit(bool) override { calls += '-'; }
+    } service;
+    ScreenSaverGuard guard(service);
+    const struct {
+        MediaAction state;
+        bool video;
+        std::int16_t DisableScreenSaver;
+        const char *calls; // all so far
+    } steps[] = {
+        {MediaAction::Playing, false, 1, ""},     {MediaAction::Playing, true, 1, "+"},
+        {MediaAction::Playing, true, 1, "+"},     {MediaAction::Playing, true, 0, "+-"},
+        {MediaAction::Playing, true, 1, "+-+"},   {MediaAction::Paused, true, 1, "+-+-"},
+        {MediaAction::Playing, true, 1, "+-+-+"}, {MediaAction::Stopped, true, 1, "+-+-+-"},
+    };
+    for (const auto &s : steps) {
+        PlaybackState state;
+        state.apply(s.state);
+        guard.follow(ScreenSaverHeldOff(state, s.video, s.DisableScreenSaver));
+        EXPECT_EQ(service.calls, s.calls) << &s - steps;
+    }
+    guard.release();
+    EXPECT_EQ(service.calls, steps[std::size(steps) - 1].calls); // nothing held: nothing to give back
 }
