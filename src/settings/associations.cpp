@@ -101,18 +101,32 @@ void FileAssociations::Unassociate(const QString &mimeType)
     qCDebug(lcApp) << "unassociated" << mimeType << "back to" << (old == kNone ? u"nothing"_qs : old);
 }
 
+void FileAssociations::showTypeIcon(const QString &mimeType)
+{
+    // The type's first extension in the table gives it its icon.
+    for (int i = 0; i < kMediaExtensionCount; ++i) {
+        if (MimeTypeOf(i) == mimeType) {
+            m_desktop.showTypeIcon(mimeType, MediaExtensions()[i], ownsDefault(mimeType));
+            return;
+        }
+    }
+}
+
 void FileAssociations::RegisterExtension(int index)
 {
     if (!validIndex(index))
         return;
     registerHandler();
     Associate(MimeTypeOf(index));
+    showTypeIcon(MimeTypeOf(index));
 }
 
 void FileAssociations::UnregisterExtension(int index)
 {
-    if (validIndex(index))
-        Unassociate(MimeTypeOf(index));
+    if (!validIndex(index))
+        return;
+    Unassociate(MimeTypeOf(index));
+    showTypeIcon(MimeTypeOf(index));
 }
 
 void FileAssociations::ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags)
@@ -133,6 +147,7 @@ void FileAssociations::ApplyAssociations(const std::array<std::int16_t, kMediaEx
             Associate(type);
         else
             Unassociate(type);
+        showTypeIcon(type);
     }
 }
 

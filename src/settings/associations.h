@@ -35,6 +35,10 @@ public:
     // Installs or refreshes the player's handler entry for `mimeTypes`, and
     // teaches the desktop the `extraGlobs` (extension -> type) it lacks.
     virtual void registerHandler(const QStringList &mimeTypes, const QMap<QString, QString> &extraGlobs) = 0;
+    // While the player is the default handler of `mimeType` (`shown`), files
+    // of that type show the player's icon of `extension`; otherwise they get
+    // back the icon they had.
+    virtual void showTypeIcon(const QString & /*mimeType*/, const QString & /*extension*/, bool /*shown*/) {}
 };
 
 class FileAssociations {
@@ -63,6 +67,7 @@ private:
     void registerHandler();
     void Associate(const QString &mimeType);
     void Unassociate(const QString &mimeType);
+    void showTypeIcon(const QString &mimeType);
     bool ownsDefault(const QString &mimeType) const;
 
     KeyValueStore &m_store;

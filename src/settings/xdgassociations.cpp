@@ -1,5 +1,6 @@
 #include "settings/xdgassociations.h"
 
+#include "common/appname.h"
 #include "common/logging.h"
 #include "settings/filestore.h"
 #include "settings/mimeappslist.h"
@@ -8,11 +9,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMimeDatabase>
 #include <QProcess>
 #include <QSaveFile>
 #include <QStandardPaths>
 
 #include <utility>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#endif
 
 namespace quorvel {
 
@@ -72,10 +79,35 @@ void runTool(const QString &tool, const QString &folder)
         qCWarning(lcApp) << tool << "failed on" << folder << process.readAllStandardError();
 }
 
+// The name the program's icon goes by in the icon theme and the desktop entry.
+const QString kProgramIcon = u"quorvel"_qs;
+
+// The size folders ("48x48", ...) of an icon theme tree.
+QStringList sizeFolders(const QString &theme)
+{
+    return QDir(theme).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+}
+
+bool isPlayersIcon(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.readAll().contains(QByteArray(kFileTypeIconMark.data()));
+}
+
+// Desktops re-read an icon theme whose folder's time changed.
+void touchFolder(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    ::utimensat(AT_FDCWD, QFile::encodeName(path).constData(), nullptr, 0);
+#else
+    Q_UNUSED(path);
+#endif
+}
+
 } // namespace
 
-XdgAssociations::XdgAssociations(QString programPath, QString iconPath, QString configHome, QString dataHome)
-    : m_programPath(std::move(programPath)), m_iconPath(std::move(iconPath)), m_configHome(std::move(configHome)),
+XdgAssociations::XdgAssociations(QString programPath, QString iconFolder, QString configHome, QString dataHome)
+    : m_programPath(std::move(programPath)), m_iconFolder(std::move(iconFolder)), m_configHome(std::move(configHome)),
       m_dataHome(std::move(dataHome))
 {
     if (m_configHome.isEmpty())
@@ -125,8 +157,7 @@ bool XdgAssociations::setDefaultHandler(const QString &mimeType, const std::opti
     return changed == text || writeIfChanged(path, changed);
 }
 
-QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QString &iconPath,
-                                         const QStringList &mimeTypes)
+QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QString &icon, const QStringList &mimeTypes)
 {
     const QString exec = execArgument(programPath);
     QString text = u"[Desktop Entry]\n"
@@ -136,8 +167,8 @@ QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QStri
                    "Comment=Play audio and video files\n"_qs;
     text += u"Exec="_qs + exec + u" %F\n"_qs;
     text += u"TryExec="_qs + stringValue(programPath) + u'\n';
-    if (!iconPath.isEmpty())
-        text += u"Icon="_qs + stringValue(iconPath) + u'\n';
+    if (!icon.isEmpty())
+        text += u"Icon="_qs + stringValue(icon) + u'\n';
     text += u"Terminal=false\n"
             "Categories=AudioVideo;Audio;Video;Player;\n"_qs;
     text += u"MimeType="_qs + mimeTypes.join(u';') + u";\n"_qs;
@@ -149,9 +180,47 @@ QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QStri
     return text.toUtf8();
 }
 
+void XdgAssociations::installProgramIcon()
+{
+    const QString source = m_iconFolder + u"/hicolor"_qs;
+    bool changed = false;
+    for (const QString &size : sizeFolders(source)) {
+        const QString relative = u'/' + size + u"/apps/"_qs + kProgramIcon + u".png"_qs;
+        QFile icon(source + relative);
+        if (icon.open(QIODevice::ReadOnly))
+            changed = writeIfChanged(themePath() + relative, icon.readAll()) || changed;
+    }
+    if (changed)
+        touchFolder(themePath());
+}
+
+void XdgAssociations::showTypeIcon(const QString &mimeType, const QString &extension, bool shown)
+{
+    const QMimeType type = QMimeDatabase().mimeTypeForName(mimeType);
+    const QString name = (type.isValid() ? type.iconName() : QString(mimeType).replace(u'/', u'-')) + u".png"_qs;
+    const QString source = m_iconFolder + u"/hicolor/"_qs;
+    bool changed = false;
+    for (const QString &size : sizeFolders(shown ? source : themePath())) {
+        const QString target = themePath() + u'/' + size + u"/mimetypes/"_qs + name;
+        // An icon of that name that the player did not install is the user's own.
+        if (QFileInfo::exists(target) && !isPlayersIcon(target))
+            continue;
+        QFile icon(source + size + u"/mimetypes/quorvel-"_qs + extension + u".png"_qs);
+        if (shown && icon.open(QIODevice::ReadOnly))
+            changed = writeIfChanged(target, icon.readAll()) || changed;
+        else if (!shown && QFile::remove(target))
+            changed = true;
+    }
+    if (changed) {
+        touchFolder(themePath());
+        qCDebug(lcApp) << (shown ? "showing" : "removed") << "the player's icon for" << mimeType;
+    }
+}
+
 void XdgAssociations::registerHandler(const QStringList &mimeTypes, const QMap<QString, QString> &extraGlobs)
 {
-    if (writeIfChanged(desktopEntryPath(), desktopEntry(m_programPath, m_iconPath, mimeTypes)))
+    installProgramIcon();
+    if (writeIfChanged(desktopEntryPath(), desktopEntry(m_programPath, kProgramIcon, mimeTypes)))
         runTool(u"update-desktop-database"_qs, QFileInfo(desktopEntryPath()).absolutePath());
     if (extraGlobs.isEmpty())
         return;
@@ -170,7 +239,7 @@ void XdgAssociations::registerHandler(const QStringList &mimeTypes, const QMap<Q
 void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags)
 {
     FileStore store(FileStore::defaultPath());
-    XdgAssociations desktop(QCoreApplication::applicationFilePath(), ProgramFolder() + u"images/About.png"_qs);
+    XdgAssociations desktop(QCoreApplication::applicationFilePath(), ProgramFolder() + u"icons"_qs);
     FileAssociations(store, desktop).ApplyAssociations(AssocFlags);
 }
 
