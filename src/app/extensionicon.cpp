@@ -14,8 +14,7 @@ QIcon GetExtensionIcon(const QString &extension)
     const QString type = FileAssociations::MimeTypeOf(MediaExtensionIndex(u"x."_qs + extension));
     const XdgAssociations associations(QCoreApplication::applicationFilePath(), ProgramFolder() + u"icons"_qs);
     const XdgDesktopIcons desktop;
-    return FileIcons(desktop, ProgramFolder())
-        .GetProgIDIcon(type, associations.defaultHandler(type).value_or(u"-1"_qs));
+    return FileIcons(desktop, ProgramFolder()).GetProgIDIcon(type, associations.currentHandler(type));
 }
 
 } // namespace quorvel

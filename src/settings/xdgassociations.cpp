@@ -132,6 +132,43 @@ std::optional<QString> XdgAssociations::defaultHandler(const QString &mimeType) 
     return QString::fromUtf8(*value);
 }
 
+QString XdgAssociations::currentHandler(const QString &mimeType) const
+{
+    const auto firstOf = [](const std::optional<QByteArray> &handlers) {
+        return handlers ? QString::fromUtf8(handlers->split(';').constFirst().trimmed()) : QString();
+    };
+    const auto valueIn = [&](const QString &path, const QByteArray &group = {}) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? firstOf(mimeapps::defaultOf(file.readAll(), mimeType.toUtf8(), group))
+                                              : QString();
+    };
+    // The lists in the order the desktop reads them, a desktop's own list first.
+    QStringList lists;
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower().split(u':', Qt::SkipEmptyParts);
+    const auto addLists = [&](const QString &folder) {
+        for (const QString &desktop : desktops)
+            lists << folder + u'/' + desktop + u"-mimeapps.list"_qs;
+        lists << folder + u"/mimeapps.list"_qs;
+    };
+    addLists(m_configHome);
+    for (const QString &dir : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation).mid(1))
+        addLists(dir);
+    const QStringList dataDirs = QStringList{m_dataHome}
+                                 + QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation).mid(1);
+    for (const QString &dir : dataDirs)
+        addLists(dir + u"/applications"_qs);
+    for (const QString &list : lists) {
+        if (const QString handler = valueIn(list); !handler.isEmpty())
+            return handler;
+    }
+    for (const QString &dir : dataDirs) {
+        if (const QString handler = valueIn(dir + u"/applications/mimeinfo.cache"_qs, "[MIME Cache]");
+            !handler.isEmpty())
+            return handler;
+    }
+    return {};
+}
+
 bool XdgAssociations::setDefaultHandler(const QString &mimeType, const std::optional<QString> &handler)
 {
     const QString path = mimeAppsPath();

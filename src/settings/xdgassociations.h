@@ -23,6 +23,10 @@ public:
 
     QString handlerId() const override;
     std::optional<QString> defaultHandler(const QString &mimeType) const override;
+    // The handler the desktop opens `mimeType` with: the user's choice, else
+    // the system's default, else the first program that says it takes the
+    // type; empty when there is none.
+    QString currentHandler(const QString &mimeType) const;
     bool setDefaultHandler(const QString &mimeType, const std::optional<QString> &handler) override;
     void registerHandler(const QStringList &mimeTypes, const QMap<QString, QString> &extraGlobs) override;
     void showTypeIcon(const QString &mimeType, const QString &extension, bool shown) override;

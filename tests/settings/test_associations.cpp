@@ -168,4 +168,29 @@ TEST(FileAssociations, ProtectedOrDamagedListIsLeftExactlyAsItWas)
     }
 }
 
+TEST(FileAssociations, CurrentHandlerIsTheUsersThenTheSystemsThenTheFirstThatTakesTheType)
+{
+    Tree t;
+    t.write("[Default Applications]\nvideo/x-matroska=user.desktop;x.desktop;\n");
+    t.write("[Default Applications]\nvideo/x-matroska=sys.desktop\nvideo/mp4=sys.desktop\n",
+            u"sysdata/applications/mimeapps.list"_qs);
+    t.write("[Default Applications]\nvideo/mp4=gnome.desktop\n", u"sysconfig/gnome-mimeapps.list"_qs);
+    t.write("[MIME Cache]\naudio/mpeg=a.desktop;b.desktop;\nvideo/mp4=c.desktop;\n",
+            u"data/applications/mimeinfo.cache"_qs);
+    const QByteArray saved[] = {qgetenv("XDG_CONFIG_DIRS"), qgetenv("XDG_DATA_DIRS"), qgetenv("XDG_CURRENT_DESKTOP")};
+    qputenv("XDG_CONFIG_DIRS", t.dir.filePath(u"sysconfig"_qs).toUtf8());
+    qputenv("XDG_DATA_DIRS", t.dir.filePath(u"sysdata"_qs).toUtf8());
+    qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
+    const XdgAssociations desktop({}, {}, t.dir.filePath(u"config"_qs), t.dir.filePath(u"data"_qs));
+    const std::pair<QString, QString> cases[] = {{u"video/x-matroska"_qs, u"user.desktop"_qs},
+                                                 {u"video/mp4"_qs, u"gnome.desktop"_qs},
+                                                 {u"audio/mpeg"_qs, u"a.desktop"_qs},
+                                                 {u"audio/x-wav"_qs, QString()}};
+    for (const auto &[type, handler] : cases)
+        EXPECT_EQ(desktop.currentHandler(type), handler) << type.toStdString();
+    qputenv("XDG_CONFIG_DIRS", saved[0]);
+    qputenv("XDG_DATA_DIRS", saved[1]);
+    qputenv("XDG_CURRENT_DESKTOP", saved[2]);
+}
+
 } // namespace
