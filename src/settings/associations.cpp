@@ -101,15 +101,20 @@ void FileAssociations::Unassociate(const QString &mimeType)
     qCDebug(lcApp) << "unassociated" << mimeType << "back to" << (old == kNone ? u"nothing"_qs : old);
 }
 
-void FileAssociations::showTypeIcon(const QString &mimeType)
+// `first` is the index of the type's first extension in the table, whose
+// icon the type gets.
+void FileAssociations::showTypeIcon(int first)
 {
-    // The type's first extension in the table gives it its icon.
-    for (int i = 0; i < kMediaExtensionCount; ++i) {
-        if (MimeTypeOf(i) == mimeType) {
-            m_desktop.showTypeIcon(mimeType, MediaExtensions()[i], ownsDefault(mimeType));
-            return;
-        }
-    }
+    const QString type = MimeTypeOf(first);
+    m_desktop.showTypeIcon(type, MediaExtensions()[first], ownsDefault(type));
+}
+
+int FileAssociations::firstOfType(int index)
+{
+    int first = 0;
+    while (MimeTypeOf(first) != MimeTypeOf(index))
+        ++first;
+    return first;
 }
 
 void FileAssociations::RegisterExtension(int index)
@@ -118,7 +123,7 @@ void FileAssociations::RegisterExtension(int index)
         return;
     registerHandler();
     Associate(MimeTypeOf(index));
-    showTypeIcon(MimeTypeOf(index));
+    showTypeIcon(firstOfType(index));
 }
 
 void FileAssociations::UnregisterExtension(int index)
@@ -126,28 +131,31 @@ void FileAssociations::UnregisterExtension(int index)
     if (!validIndex(index))
         return;
     Unassociate(MimeTypeOf(index));
-    showTypeIcon(MimeTypeOf(index));
+    showTypeIcon(firstOfType(index));
 }
 
 void FileAssociations::ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags)
 {
     QStringList types;
+    QList<int> firsts; // of each type, its first extension
     QStringList wanted;
     for (int i = 0; i < kMediaExtensionCount; ++i) {
         const QString type = MimeTypeOf(i);
-        if (!types.contains(type))
+        if (!types.contains(type)) {
             types << type;
+            firsts << i;
+        }
         if (AssocFlags[i] != 0 && !wanted.contains(type))
             wanted << type;
     }
     if (!wanted.isEmpty())
         registerHandler();
-    for (const QString &type : types) {
-        if (wanted.contains(type))
-            Associate(type);
+    for (qsizetype t = 0; t < types.size(); ++t) {
+        if (wanted.contains(types[t]))
+            Associate(types[t]);
         else
-            Unassociate(type);
-        showTypeIcon(type);
+            Unassociate(types[t]);
+        showTypeIcon(firsts[t]);
     }
 }
 

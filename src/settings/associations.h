@@ -67,7 +67,8 @@ private:
     void registerHandler();
     void Associate(const QString &mimeType);
     void Unassociate(const QString &mimeType);
-    void showTypeIcon(const QString &mimeType);
+    void showTypeIcon(int first);
+    static int firstOfType(int index);
     bool ownsDefault(const QString &mimeType) const;
 
     KeyValueStore &m_store;
