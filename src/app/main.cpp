@@ -2,7 +2,7 @@
 // rest (or hands them all to the running instance, which only adds them);
 // `*Add` among the files only adds; `quorvel --report FILE` prints the
 // file's media report without opening a window. --help and --version print
-// and end without a display (and without loading the player module's window).
+// and end without a display.
 //
 // Whether this start becomes the player or hands its files over is decided
 // before Qt connects to the display. A running instance that does not answer
@@ -56,7 +56,7 @@ int printVersions()
     if (engineVersion)
         std::printf("libVLC %s\n", engineVersion());
     else
-        std::printf("libVLC cannot be loaded: %s\n", dlerror());
+        std::fprintf(stderr, "libVLC cannot be loaded: %s\n", dlerror());
     return engineVersion ? 0 : 1;
 }
 
@@ -75,13 +75,13 @@ int main(int argc, char **argv)
     start.argv = argv;
     switch (command.action) {
     case quorvel::CommandLine::Action::Help:
-        std::fputs(command.helpText().toLocal8Bit().constData(), stdout);
+        std::fputs(quorvel::CommandLine::helpText().toLocal8Bit().constData(), stdout);
         return 0;
     case quorvel::CommandLine::Action::Version:
         return printVersions();
     case quorvel::CommandLine::Action::Invalid:
         std::fprintf(stderr, "quorvel: %s\n%s", command.error.toLocal8Bit().constData(),
-                     command.usageText().toLocal8Bit().constData());
+                     quorvel::CommandLine::usageText().toLocal8Bit().constData());
         return 2;
     case quorvel::CommandLine::Action::Report:
         start.reportFile = command.reportFile;
