@@ -53,7 +53,7 @@ int main(int argc, char **argv)
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
         const QString path = share + QStringLiteral("/icons/hicolor/%1x%1/apps/quorvel.png").arg(size);
         QDir().mkpath(QFileInfo(path).absolutePath());
-        if (!quorvel::skingen::ApplicationIcon(size).save(path, "PNG")) {
+        if (!quorvel::skingen::ProgramIcon(size).save(path, "PNG")) {
             std::fprintf(stderr, "desktopfiles: cannot write %s\n", qPrintable(path));
             ok = false;
         }

@@ -810,7 +810,7 @@ QImage MenuButtonPicture()
 
 } // namespace
 
-QImage ApplicationIcon(int size)
+QImage ProgramIcon(int size)
 {
     return AppIcon(size);
 }
