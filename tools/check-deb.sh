@@ -42,8 +42,11 @@ fi
 echo "== installing"
 DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "$deb" >/dev/null
 cleanup() {
+    # The player closes on SIGTERM like by its close button; the display goes last.
+    if [ -n "${player:-}" ] && kill "$player" 2>/dev/null; then
+        wait "$player" || echo "== the player ended with status $? on SIGTERM"
+    fi
     [ -n "${xvfb:-}" ] && kill "$xvfb" 2>/dev/null || true
-    [ -n "${player:-}" ] && kill "$player" 2>/dev/null || true
     [ -n "${work:-}" ] && rm -rf "$work"
     if [ "$keep" -eq 0 ]; then
         DEBIAN_FRONTEND=noninteractive $SUDO apt-get remove -y -qq quorvel >/dev/null && echo "== removed again"
