@@ -48,6 +48,7 @@ TEST_F(E2eTest, InstalledProgramFindsItsFilesThroughItsLinkAndPlays)
     EXPECT_TRUE(player->waitForLog(traced(trace::kTick, u"3 time=[1-9]\\d{3}"_qs)).hasMatch())
         << player->log().toStdString();
     EXPECT_FALSE(player->log().contains(u"skin incomplete"_qs)) << player->log().toStdString();
+    shoot(u"installed-playing.png"_qs);
 }
 
 // --help and --version print and end with success where no display is;
