@@ -60,20 +60,25 @@ bool FileAssociations::IsAssociated(int index) const
     return validIndex(index) && ownsDefault(MimeTypeOf(index));
 }
 
-void FileAssociations::registerHandler()
+FileAssociations::HandledTypes FileAssociations::AllHandledTypes()
 {
-    QStringList types;
-    QMap<QString, QString> extraGlobs;
+    HandledTypes handled;
     const QMimeDatabase db;
     for (int i = 0; i < kMediaExtensionCount; ++i) {
         const QString type = MimeTypeOf(i);
-        if (!types.contains(type))
-            types << type;
+        if (!handled.mimeTypes.contains(type))
+            handled.mimeTypes << type;
         const QString ext = MediaExtensions()[i];
         if (kKnownTypes.contains(ext) && db.mimeTypeForFile(u"x."_qs + ext, QMimeDatabase::MatchExtension).isDefault())
-            extraGlobs.insert(ext, type);
+            handled.extraGlobs.insert(ext, type);
     }
-    m_desktop.registerHandler(types, extraGlobs);
+    return handled;
+}
+
+void FileAssociations::registerHandler()
+{
+    const HandledTypes handled = AllHandledTypes();
+    m_desktop.registerHandler(handled.mimeTypes, handled.extraGlobs);
 }
 
 void FileAssociations::Associate(const QString &mimeType)

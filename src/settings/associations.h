@@ -49,6 +49,13 @@ public:
     static QString MimeTypeOf(int index);
     // The extensions of the table that share the type of extension `index`, itself included.
     static QStringList ExtensionsSharingType(int index);
+    // Every type the player handles, once each in table order, and the
+    // extensions (-> type) the MIME database lacks.
+    struct HandledTypes {
+        QStringList mimeTypes;
+        QMap<QString, QString> extraGlobs;
+    };
+    static HandledTypes AllHandledTypes();
 
     bool IsAssociated(int index) const;
     // Both act on the extension's whole type and do nothing for an index

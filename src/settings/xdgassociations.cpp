@@ -261,6 +261,13 @@ void XdgAssociations::registerHandler(const QStringList &mimeTypes, const QMap<Q
         runTool(u"update-desktop-database"_qs, QFileInfo(desktopEntryPath()).absolutePath());
     if (extraGlobs.isEmpty())
         return;
+    const QString mimeFolder = m_dataHome + u"/mime"_qs;
+    if (writeIfChanged(mimeFolder + u"/packages/quorvel.xml"_qs, mimePackage(extraGlobs)))
+        runTool(u"update-mime-database"_qs, mimeFolder);
+}
+
+QByteArray XdgAssociations::mimePackage(const QMap<QString, QString> &extraGlobs)
+{
     QString package = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                       "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"_qs;
     for (auto glob = extraGlobs.begin(); glob != extraGlobs.end(); ++glob) {
@@ -268,9 +275,7 @@ void XdgAssociations::registerHandler(const QStringList &mimeTypes, const QMap<Q
         package += u"    <glob pattern=\"*."_qs + glob.key().toHtmlEscaped() + u"\"/>\n  </mime-type>\n"_qs;
     }
     package += u"</mime-info>\n"_qs;
-    const QString mimeFolder = m_dataHome + u"/mime"_qs;
-    if (writeIfChanged(mimeFolder + u"/packages/quorvel.xml"_qs, package.toUtf8()))
-        runTool(u"update-mime-database"_qs, mimeFolder);
+    return package.toUtf8();
 }
 
 void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags)

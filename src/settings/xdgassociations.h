@@ -36,6 +36,8 @@ public:
 
     // The text of the desktop entry for a program at `programPath`.
     static QByteArray desktopEntry(const QString &programPath, const QString &icon, const QStringList &mimeTypes);
+    // The MIME package that teaches the desktop `extraGlobs` (extension -> type).
+    static QByteArray mimePackage(const QMap<QString, QString> &extraGlobs);
 
 private:
     QString themePath() const { return m_dataHome + u"/icons/hicolor"_qs; }
