@@ -13,7 +13,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr QSize kSize(440, 270);
+constexpr QSize kSize(440, 250);
 constexpr QRect kLogo(20, 51, 80, 80);
 const QUrl kEngineSite(u"https://www.videolan.org/"_qs);
 
@@ -49,7 +49,8 @@ AboutDialog::AboutDialog(const SkinImages &images, const QString &engineVersion,
     column->addWidget(textLabel(u"Quorvel is an easy-to-use program with amazing interface to play almost all media "
                                 "files with an easy-to-use playlist; The player can also play DVD-Video discs and "
                                 "Video-CD discs."_qs));
-    QLabel *credit = textLabel(u"Quorvel is based on <a href=\"%1\">VideoLan</a>"_qs.arg(kEngineSite.toString()));
+    QLabel *credit = textLabel(
+        u"Quorvel is based on <a href=\"%1\" style=\"color: #59b4ff\">VideoLan</a>"_qs.arg(kEngineSite.toString()));
     credit->setTextFormat(Qt::RichText);
     credit->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(credit, &QLabel::linkActivated, this, [](const QString &link) {

@@ -90,7 +90,6 @@ QGroupBox { color: #59b4ff; font-weight: bold; border: 1px solid #3d4754; border
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
 QLabel[role="heading"] { color: #59b4ff; font-weight: bold; }
 QLabel[role="muted"] { color: #9aa7b4; }
-QLabel a { color: #59b4ff; }
 QFrame#positionPad { border: 1px dashed #3d4754; border-radius: 3px; background: #161b22; }
 )") + QString::fromLatin1(kScrollBar);
 }

@@ -4,6 +4,7 @@
 #include "common/paths.h"
 #include "e2efixture.h"
 
+using namespace quorvel;
 using namespace quorvel::test;
 
 namespace {
@@ -84,7 +85,7 @@ TEST_F(E2eTest, TickingMkvInOptionsMakesThePlayerTheDefaultAndAboutClosesWithOk)
     const QString options = windowNamed(u"^Options$"_qs);
     keys({u"ctrl+Tab"_qs}, options);
     ASSERT_TRUE(q->waitForLog(u"options page 2"_qs).hasMatch()) << q->log().toStdString();
-    const auto &table = quorvel::MediaExtensions();
+    const auto &table = MediaExtensions();
     const QStringList down(int(std::find(table.begin(), table.end(), u"mkv"_qs) - table.begin()), u"Down"_qs);
     keys(QStringList{u"Home"_qs} + down + QStringList{u"space"_qs, u"Return"_qs}, options);
     ASSERT_TRUE(q->waitForLog(traced(trace::kDialogClosed, u" \"Options\" accepted"_qs)).hasMatch())
