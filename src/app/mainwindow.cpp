@@ -196,6 +196,8 @@ void MainWindow::enterFullScreen(bool on)
 
 void MainWindow::SetPlaylistPosition(int layoutCode)
 {
+    // Taking the list out of its pane hides it; it comes back as it was.
+    const bool shown = !m_listWidget->isHidden();
     m_playlistFill = false;
     for (int pane = 0; pane < 5; ++pane)
         m_splitter->setLock(pane, false);
@@ -211,8 +213,8 @@ void MainWindow::SetPlaylistPosition(int layoutCode)
             }
             if (l->holder >= 0) {
                 m_splitter->setPaneContent(l->holder, m_listWidget);
+                m_listWidget->setVisible(shown);
             } else if (l->fillsVideo) {
-                const bool shown = !m_listWidget->isHidden();
                 // The engine's surface is a window of its own and would cover
                 // a list drawn into ours: over the video the list needs its
                 // own window too, stacked above the surface.
