@@ -25,8 +25,8 @@ constexpr int kTabTop = SkinnedDialog::kTitleHeight + kMargin;
 constexpr QSize kTab(96, 24);    // the skin's tab picture
 constexpr QSize kButton(75, 23); // the skin's text button
 constexpr int kSelectWidth = 92; // the selection buttons beside the association list
-constexpr int kPageTop = kTabTop + 24 + 12;
-constexpr int kCommandsHeight = 23 + 2 * kMargin;
+constexpr int kPageTop = kTabTop + kTab.height() + 12;
+constexpr int kCommandsHeight = kButton.height() + 2 * kMargin;
 
 const QString kTabCaptions[] = {u"Player"_qs, u"Assocciations"_qs, u"SnapShot"_qs};
 const QString kSelectCaptions[] = {u"Select All"_qs, u"Deselect All"_qs, u"Audio Files"_qs, u"Video Files"_qs};

@@ -191,7 +191,7 @@ bool OptionsModel::click(int region)
         return true;
     case RegionPlayer:
     case RegionAssocciations:
-    case RegionSnapShot:
+    case RegionSnapShot: // the tabs, whose captions lie over them
         showPage(region - RegionPlayer + PagePlayer);
         return false;
     case RegionApply:
