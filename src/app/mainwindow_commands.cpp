@@ -5,6 +5,7 @@
 #include "mainwindow.h"
 
 #include "about/aboutdialog.h"
+#include "app/extensionicon.h"
 #include "app/mediacontrols.h"
 #include "app/mediainfobox.h"
 #include "app/optionsdialog.h"
@@ -117,8 +118,7 @@ void MainWindow::showSettings()
         }
         void SetLoadedOptions() override { w.SetLoadedOptions(); }
     } host(*this);
-    OptionsDialog dialog(
-        m_surface->images(), m_settings, host, [](const QString &) { return QIcon(); }, this);
+    OptionsDialog dialog(m_surface->images(), m_settings, host, GetExtensionIcon, this);
     dialog.exec();
 }
 
