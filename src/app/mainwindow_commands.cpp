@@ -4,13 +4,20 @@
 
 #include "mainwindow.h"
 
+#include "about/aboutdialog.h"
+#include "app/extensionicon.h"
 #include "app/mediacontrols.h"
 #include "app/mediainfobox.h"
+#include "app/optionsdialog.h"
 #include "app/skinsurface.h"
 #include "app/windowdvd.h"
 #include "common/logging.h"
 #include "common/tracelines.h"
+#include "playback/player.h"
+#include "playback/vlcengine.h"
 #include "playlist/playlist.h"
+#include "settings/associations.h"
+#include "settings/configfile.h"
 
 #include <QDesktopServices>
 #include <QScreen>
@@ -81,14 +88,44 @@ void MainWindow::showMediaInformation()
 
 void MainWindow::showSettings()
 {
-    // The settings dialog is shown here once it exists.
-    qCDebug(lcApp) << "settings asked for";
+    // What the dialog asks of the window, for as long as it is open.
+    struct Host final : OptionsHost {
+        MainWindow &w;
+        explicit Host(MainWindow &window) : w(window) {}
+        void LoadConfigurations() override
+        {
+            // The file may have been edited by hand since it was read; what the
+            // running program changed by itself since it was written (play and
+            // repeat mode, the window's place and size) stays as it is now.
+            const Settings running = w.m_settings;
+            w.m_settings = ConfigFile::load(w.m_tables.ConfigPath, w.m_environment).settings;
+            w.m_settings.PlayMode = running.PlayMode;
+            w.m_settings.RepeatMode = running.RepeatMode;
+            w.m_settings.WindowLeft = running.WindowLeft;
+            w.m_settings.WindowTop = running.WindowTop;
+            w.m_settings.WindowWidth = running.WindowWidth;
+            w.m_settings.WindowHeight = running.WindowHeight;
+            w.m_player->SaveVLCOptions();
+        }
+        void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &flags) override
+        {
+            quorvel::ApplyAssociations(flags);
+        }
+        void WriteConfigurations() override
+        {
+            w.WriteConfigurations();
+            w.m_player->SaveVLCOptions();
+        }
+        void SetLoadedOptions() override { w.SetLoadedOptions(); }
+    } host(*this);
+    OptionsDialog dialog(m_surface->images(), m_settings, host, GetExtensionIcon, this);
+    dialog.exec();
 }
 
 void MainWindow::showAbout()
 {
-    // The about dialog is shown here once it exists.
-    qCDebug(lcApp) << "about asked for";
+    AboutDialog dialog(m_surface->images(), VlcEngine::version(), this);
+    dialog.exec();
 }
 
 void MainWindow::setStaysOnTop(bool on)

@@ -136,7 +136,9 @@ void MainWindow::LoadConfigurations()
 void MainWindow::SetLoadedOptions()
 {
     RestoreWindowGeometry(*this, m_settings);
-    setWindowFlag(Qt::WindowStaysOnTopHint, IsSet(m_settings.AlwaysOnTop));
+    // An always-on-top window would cover a dialog that is open over it;
+    // the dialog's closing brings the band back.
+    setStaysOnTop(IsSet(m_settings.AlwaysOnTop) && !QApplication::activeModalWidget());
     m_menus->showTray(IsSet(m_settings.ShowInTray));
     if (m_playback.MediaLoaded && m_player->rebuildCaption())
         showCaption();

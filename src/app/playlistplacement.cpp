@@ -13,6 +13,8 @@ PlaylistPlacement::PlaylistPlacement(QWidget &window, PaneSplitter &splitter, Fa
 
 void PlaylistPlacement::SetPlaylistPosition(int layoutCode)
 {
+    // Taking the list out of its pane hides it; it comes back as it was.
+    const bool shown = !m_list.isHidden();
     m_fillsVideo = false;
     for (int pane = 0; pane < 5; ++pane)
         m_splitter.setLock(pane, false);
@@ -28,8 +30,8 @@ void PlaylistPlacement::SetPlaylistPosition(int layoutCode)
             }
             if (l->holder >= 0) {
                 m_splitter.setPaneContent(l->holder, &m_list);
+                m_list.setVisible(shown);
             } else if (l->fillsVideo) {
-                const bool shown = !m_list.isHidden();
                 // The engine's surface is a window of its own and would cover
                 // a list drawn into ours: over the video the list needs its
                 // own window too, stacked above the surface.

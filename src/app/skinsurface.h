@@ -35,6 +35,8 @@ public:
     void LoadSkinImages();
 
     SkinController &skin() { return *m_skin; }
+    // The pictures, for the dialogs drawn in the same skin.
+    const SkinImages &images() const { return m_images; }
     // How the caption is shortened when the title bar is too narrow.
     void setCaptionFlags(int flags) { m_captionFlags = flags; }
     void setButtonsEnabled(const std::vector<std::pair<int, bool>> &buttons);

@@ -29,5 +29,7 @@ inline constexpr char kHistoryLoaded[] = "history loaded:";
 inline constexpr char kHistoryAdded[] = "history added";
 inline constexpr char kFirstPaint[] = "first paint monotonic="; // <ms>
 inline constexpr char kClosed[] = "closed";
+inline constexpr char kDialogShown[] = "dialog shown:";   // dialog shown: <caption>
+inline constexpr char kDialogClosed[] = "dialog closed:"; // dialog closed: <caption> <result>
 
 } // namespace quorvel::trace

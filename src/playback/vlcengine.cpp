@@ -66,6 +66,11 @@ bool VlcEngine::hasWindow() const
     return m_surface && QGuiApplication::platformName() == u"xcb";
 }
 
+QString VlcEngine::version()
+{
+    return QString::fromUtf8(libvlc_get_version());
+}
+
 QString VlcEngine::failure() const
 {
     return m_instance && !m_instance->isValid() ? m_instance->lastError() : QString();

@@ -42,6 +42,9 @@ public:
     explicit VlcEngine(QWidget *videoSurface);
     ~VlcEngine() override;
 
+    // The engine library's version text, for the about dialog; loads no plugins.
+    static QString version();
+
     void setFullscreenHandler(std::function<void(bool)> handler) { m_fullscreenHandler = std::move(handler); }
     // The window left full screen by itself (Escape, double-click).
     void noteFullscreenLeft() { m_fullscreen = false; }

@@ -68,4 +68,30 @@ QPushButton:focus { border-color: #4c9dff; }
 )") + QString::fromLatin1(kScrollBar);
 }
 
+QPalette dialogPalette(QPalette base)
+{
+    base = listPalette(base);
+    // The style outlines check boxes and option buttons in a shade of the
+    // window colour; the dialog paints its own background, so this colour
+    // only shows in those outlines.
+    base.setColor(QPalette::Window, QColor(0x9a, 0xa7, 0xb4));
+    base.setColor(QPalette::Base, QColor(0x16, 0x1b, 0x22));
+    base.setColor(QPalette::Button, QColor(0x2d, 0x33, 0x3b));
+    base.setColor(QPalette::ButtonText, kLight);
+    return base;
+}
+
+QString dialogStyleSheet()
+{
+    return QStringLiteral(R"(
+QLabel { color: #e6edf3; }
+QGroupBox { color: #59b4ff; font-weight: bold; border: 1px solid #3d4754; border-radius: 4px;
+            margin-top: 9px; padding: 6px 4px 2px 4px; }
+QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
+QLabel[role="heading"] { color: #59b4ff; font-weight: bold; }
+QLabel[role="muted"] { color: #9aa7b4; }
+QFrame#positionPad { border: 1px dashed #3d4754; border-radius: 3px; background: #161b22; }
+)") + QString::fromLatin1(kScrollBar);
+}
+
 } // namespace quorvel::theme

@@ -18,5 +18,8 @@ QPalette listPalette(QPalette base);
 QString listScrollBarStyleSheet();
 // The media report dialog.
 QString reportStyleSheet();
+// The controls of the skinned dialogs, lying on the skin's dark background.
+QString dialogStyleSheet();
+QPalette dialogPalette(QPalette base);
 
 } // namespace quorvel::theme

@@ -90,6 +90,12 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     ASSERT_TRUE(window.findChild<QSystemTrayIcon *>());
     EXPECT_EQ(window.findChild<QSystemTrayIcon *>()->toolTip(), u"Quorvel"_qs);
     window.settings().ShowInTray = 0;
+    // Settings applied while the window runs move the list and keep it shown.
+    for (int position : {0, 1}) {
+        window.settings().PlaylistPosition = position;
+        window.SetLoadedOptions();
+    }
+    EXPECT_FALSE(list->isHidden());
     // With the list emptied the caption names no file.
     window.menu().choose(window.menu().IndexOfKey(u"RemoveAll"_qs));
     EXPECT_EQ(window.windowTitle(), u"Quorvel"_qs);

@@ -96,9 +96,10 @@ protected:
     }
     // Keys to the program's window (xdotool key syntax), in order; the
     // program handles them in the order they come, menus included.
-    void keys(const QStringList &sequence)
+    // `window` is an id from windowNamed(), or "W" for the program's window.
+    void keys(const QStringList &sequence, const QString &window = u"W"_qs)
     {
-        xdo({u"windowfocus"_qs, u"--sync"_qs, u"W"_qs});
+        xdo({u"windowfocus"_qs, u"--sync"_qs, window});
         xdo(QStringList{u"key"_qs} + sequence);
     }
     // The pointer moves there (and arrives) before the button goes down.
@@ -115,9 +116,13 @@ protected:
                  QString::number(y1 + (y2 - y1) * i / 6)});
         xdo({u"mouseup"_qs, u"1"_qs});
     }
-    QSize windowSize()
+    QString windowNamed(const QString &pattern)
     {
-        const auto m = QRegularExpression(u"Geometry: (\\d+)x(\\d+)"_qs).match(xdo({u"getwindowgeometry"_qs, u"W"_qs}));
+        return xdo({u"search"_qs, u"--sync"_qs, u"--name"_qs, pattern}).section(u'\n', 0, 0);
+    }
+    QSize windowSize(const QString &window = u"W"_qs)
+    {
+        const auto m = QRegularExpression(u"Geometry: (\\d+)x(\\d+)"_qs).match(xdo({u"getwindowgeometry"_qs, window}));
         return m.hasMatch() ? QSize(m.captured(1).toInt(), m.captured(2).toInt()) : QSize();
     }
     bool waitForSize(const std::function<bool(QSize)> &ok)

@@ -1,8 +1,11 @@
 // File associations with the real program on a fresh home: the mkv flag of
 // "Config.cfg" decides at start-up which handler the desktop names and which
-// icon it shows for the type.
+// icon it shows for the type, and the "Options" dialog sets it. The about
+// dialog opens and closes on the way.
+#include "common/paths.h"
 #include "e2efixture.h"
 
+using namespace quorvel;
 using namespace quorvel::test;
 
 namespace {
@@ -67,6 +70,34 @@ TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBa
     QFile after(list);
     ASSERT_TRUE(after.open(QIODevice::ReadOnly));
     EXPECT_EQ(after.readAll(), before);
+}
+
+TEST_F(E2eTest, TickingMkvInOptionsMakesThePlayerTheDefaultAndAboutClosesWithOk)
+{
+    auto q = launchInstance({});
+    keys({u"alt+h"_qs, u"Return"_qs});
+    ASSERT_TRUE(q->waitForLog(traced(trace::kDialogShown, u" \"About Quorvel\""_qs)).hasMatch())
+        << q->log().toStdString();
+    const QString about = windowNamed(u"^About Quorvel$"_qs);
+    const QSize size = windowSize(about);
+    xdo({u"mousemove"_qs, u"--window"_qs, about, u"--sync"_qs, QString::number(size.width() - 45),
+         QString::number(size.height() - 30)});
+    xdo({u"click"_qs, u"1"_qs}); // the OK button
+    ASSERT_TRUE(q->waitForLog(traced(trace::kDialogClosed, u" \"About Quorvel\" accepted"_qs)).hasMatch())
+        << q->log().toStdString();
+
+    keys({u"alt+t"_qs, u"Return"_qs});
+    ASSERT_TRUE(q->waitForLog(traced(trace::kDialogShown, u" \"Options\""_qs)).hasMatch()) << q->log().toStdString();
+    const QString options = windowNamed(u"^Options$"_qs);
+    keys({u"ctrl+Tab"_qs}, options);
+    ASSERT_TRUE(q->waitForLog(u"options page 2"_qs).hasMatch()) << q->log().toStdString();
+    const auto &table = MediaExtensions();
+    const QStringList down(int(std::find(table.begin(), table.end(), u"mkv"_qs) - table.begin()), u"Down"_qs);
+    keys(QStringList{u"Home"_qs} + down + QStringList{u"space"_qs, u"Return"_qs}, options);
+    ASSERT_TRUE(q->waitForLog(traced(trace::kDialogClosed, u" \"Options\" accepted"_qs)).hasMatch())
+        << q->log().toStdString();
+    EXPECT_EQ(runTool(m_box, u"xdg-mime"_qs, {u"query"_qs, u"default"_qs, u"video/x-matroska"_qs}),
+              u"quorvel.desktop"_qs);
 }
 
 } // namespace

@@ -1,0 +1,130 @@
+#include "settings/optionsmodel.h"
+
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+
+namespace {
+
+// "Config.cfg" as a record: read on open, written on store.
+struct FileHost : OptionsHost {
+    Settings file, *live = nullptr;
+    int associationCalls = 0, applied = 0;
+    void LoadConfigurations() override { *live = file; }
+    void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &) override { ++associationCalls; }
+    void WriteConfigurations() override { file = *live; }
+    void SetLoadedOptions() override { ++applied; }
+};
+
+int control(const QString &caption)
+{
+    const auto &c = OptionsModel::PlayerControls();
+    return int(std::find_if(c.begin(), c.end(), [&](const PlayerControl &p) { return p.caption == caption; })
+               - c.begin());
+}
+
+TEST(OptionsModel, StoresOnlyOnApplyOrOkAndReadsTheFileOnEveryOpen)
+{
+    const int mkv = 3, mp3 = 4, mpg = 5;
+    const struct {
+        const char *name;
+        std::function<void(Settings &)> file;
+        std::function<void(OptionsModel &)> act;
+        int region;
+        bool closes;
+        std::function<bool(const Settings &stored, const OptionsModel &m)> expect;
+    } cases[] = {
+        {"cancel keeps the file", [](Settings &s) { s.AssocFlags[mkv] = -1; },
+         [&](OptionsModel &m) {
+             m.setRowChecked(mkv, false);
+             m.setChecked(control(u"Always OnTop"_qs), true);
+         },
+         RegionCancel, true, [&](const Settings &s, auto &) { return IsSet(s.AssocFlags[mkv]) && !s.AlwaysOnTop; }},
+        {"ok stores the ticked row",
+         {},
+         [&](OptionsModel &m) { m.setRowChecked(mkv, true); },
+         RegionOK,
+         true,
+         [&](const Settings &s, auto &) { return IsSet(s.AssocFlags[mkv]) && !s.AssocFlags[mp3]; }},
+        {"rows of one type go together",
+         {},
+         [&](OptionsModel &m) { m.setRowChecked(mpg, true); },
+         RegionApply,
+         false,
+         [&](const Settings &s, auto &) { return std::count(s.AssocFlags.begin(), s.AssocFlags.end(), -1) == 3; }},
+        {"a playlist position without an option stays",
+         [](Settings &s) { s.PlaylistPosition = 7; },
+         {},
+         RegionApply,
+         false,
+         [](const Settings &s, auto &) { return s.PlaylistPosition == 7; }},
+        {"choosing an option stores its value", [](Settings &s) { s.UseNewInstance = 1; },
+         [](OptionsModel &m) { m.setChecked(control(u"Use same player for each media file."_qs), true); }, RegionOK,
+         true, [](const Settings &s, auto &) { return !IsSet(s.UseNewInstance); }},
+        {"the snapshot tab shows its page",
+         {},
+         {},
+         RegionSnapShot,
+         false,
+         [](auto &, const OptionsModel &m) { return m.CurrentPage() == PageSnapShot; }},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        Settings live;
+        FileHost host;
+        host.live = &live;
+        if (c.file)
+            c.file(host.file);
+        const Settings before = host.file;
+        OptionsModel m(live, host);
+        m.showPage(PageAssocciations);
+        m.open();
+        EXPECT_EQ(m.CurrentPage(), PagePlayer);
+        if (c.act)
+            c.act(m);
+        EXPECT_EQ(m.click(c.region), c.closes);
+        EXPECT_TRUE(c.expect(host.file, m));
+        const bool stored = c.region == RegionOK || c.region == RegionApply;
+        EXPECT_EQ(host.associationCalls, stored ? 1 : 0);
+        if (!stored) {
+            EXPECT_EQ(host.file, before);
+        }
+    }
+}
+
+TEST(OptionsModel, EveryControlRoundTripsAndTheSelectionSetsSplitTheRows)
+{
+    for (int i = 0; i < int(OptionsModel::PlayerControls().size()); ++i) {
+        for (bool on : {true, false}) {
+            if (!on && OptionsModel::PlayerControls()[i].kind == PlayerControl::Option)
+                continue; // an option is cleared by choosing another
+            Settings live;
+            FileHost host;
+            host.live = &live;
+            OptionsModel first(live, host);
+            first.open();
+            first.setChecked(i, on);
+            first.StoreSettings();
+            OptionsModel again(live, host);
+            again.open();
+            EXPECT_EQ(again.isChecked(i), on) << i;
+        }
+    }
+    Settings live;
+    FileHost host;
+    host.live = &live;
+    OptionsModel m(live, host);
+    std::array<bool, kMediaExtensionCount> audio{};
+    for (auto start : {&OptionsModel::SelectAll, &OptionsModel::DeselectAll}) {
+        (m.*start)();
+        m.AudioFiles();
+        for (int row = 0; row < kMediaExtensionCount; ++row)
+            audio[row] = m.isRowChecked(row);
+        m.VideoFiles();
+        for (int row = 0; row < kMediaExtensionCount; ++row)
+            EXPECT_NE(m.isRowChecked(row), audio[row]) << row;
+    }
+    EXPECT_TRUE(audio[4] && audio[0] && !audio[3] && !audio[20]); // mp3, wav; not mkv, avi
+}
+
+} // namespace
