@@ -1,5 +1,5 @@
 // The program as a user meets it: starting with files, later starts handing
-// theirs over, starts at the same moment, closing by signal.
+// theirs over, starts at the same moment, a hung instance, closing by signal.
 #include "e2efixture.h"
 
 #include <QUrl>
@@ -120,6 +120,22 @@ TEST_F(E2eTest, StartsAtTheSameMomentMakeOneWindowWithEveryFileInTurnOrder)
     ASSERT_TRUE(ready.hasMatch());
     ::kill(static_cast<pid_t>(ready.captured(1).toLongLong()), SIGTERM);
     EXPECT_TRUE(shell->waitForExit());
+}
+
+// A start that finds the running instance hung says so and ends; it neither
+// waits for it nor opens a second window.
+TEST_F(E2eTest, AHungInstanceIsReported)
+{
+    const QString file = copyOf(clip(), QStringLiteral("to a hung one.mp4"));
+    auto running = launchInstance({});
+    ASSERT_EQ(::kill(static_cast<pid_t>(running->pid()), SIGSTOP), 0);
+    auto sender = launch({file});
+    const bool ended = sender->waitForExit(60000);
+    ::kill(static_cast<pid_t>(running->pid()), SIGCONT);
+    ASSERT_TRUE(ended);
+    EXPECT_EQ(sender->exitCode(), 1);
+    EXPECT_TRUE(sender->log().contains(u"does not answer; these files were not added: \""_qs + file))
+        << sender->log().toStdString();
 }
 
 // On a Wayland session Qt goes to X11 straight away instead of trying the

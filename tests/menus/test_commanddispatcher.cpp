@@ -99,6 +99,7 @@ TEST_F(DispatcherFixture, EachCommandOfBothTreesReachesItsAction)
         {false, "Exit", "close"},
         {false, "FullScreen", "setFullscreen"},
         {false, "IncreaseSpeed", "setRate"},
+        {false, "ResetSpeed", "setRate"},
         {false, "Next", u"add "_qs + dir.filePath(u"clip1.mp4"_qs)},
         {false, "Options", "top0 settings top0"},
         {false, "HelpTopics", QUrl::fromLocalFile(help).toString()},

@@ -124,6 +124,8 @@ TEST_F(TransportFixture, SpeedFastForwardRewindAndMute)
     for (int i = 0; i < 5; ++i) // the fifth is past the top
         transport.IncreaseRate();
     EXPECT_EQ(view.rate, u"Playing rate:16x"_qs);
+    transport.DecreaseRate();
+    EXPECT_DOUBLE_EQ(engine.rate, 8);
     transport.fastForwardPressed(); // 10x while held, then normal speed
     EXPECT_DOUBLE_EQ(engine.rate, 10);
     transport.fastForwardReleased();
