@@ -2,9 +2,6 @@
 
 #include "skinlayout.h"
 
-#include <QLabel>
-#include <QVariant>
-
 namespace quorvel {
 namespace {
 
@@ -58,17 +55,6 @@ QString FitTextEllipsis(const QFontMetrics &fm, const QString &text, int labelWi
         }
     }
     return CutAtEnd(fm, text, avail);
-}
-
-QString FitTextEllipsis(QLabel *label, const QString &text, int flags)
-{
-    if (!label)
-        return text;
-    label->setProperty("tag", text);
-    const QString shortened = FitTextEllipsis(label->fontMetrics(), text, label->width(), flags);
-    if (shortened != text)
-        label->setToolTip(text);
-    return shortened;
 }
 
 } // namespace quorvel

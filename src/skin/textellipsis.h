@@ -5,8 +5,6 @@
 #include <QFontMetrics>
 #include <QString>
 
-class QLabel;
-
 namespace quorvel {
 
 enum EllipsisFlag : int {
@@ -17,9 +15,5 @@ enum EllipsisFlag : int {
 // The text shortened to fit 96% of `labelWidth` pixels in the font of `fm`;
 // a text that fits comes back unchanged.
 QString FitTextEllipsis(const QFontMetrics &fm, const QString &text, int labelWidth, int flags);
-
-// For a label: keeps the full text in the label's "tag" property, sets the
-// tooltip to it when the text had to be shortened, and returns the short text.
-QString FitTextEllipsis(QLabel *label, const QString &text, int flags);
 
 } // namespace quorvel

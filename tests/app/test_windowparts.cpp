@@ -1,41 +1,9 @@
-// The window-free rules the main window follows: which controls each
-// media-control state leaves usable, and the full-screen and maximised states.
-#include "app/mediacontrols.h"
+// The main window's full-screen and maximised states, without a window.
 #include "app/windowstates.h"
-#include "skin/skinlayout.h"
 
 #include <gtest/gtest.h>
-#include <map>
 
 using namespace quorvel;
-
-TEST(MediaControls, EachStateLeavesTheRightControlsUsable)
-{
-    struct Case {
-        MediaAction action;
-        bool play, pause, stop, seek, stopItem;
-    };
-    for (const Case &c : {Case{MediaAction::Playing, false, true, true, true, true},
-                          Case{MediaAction::Paused, true, false, true, false, true},
-                          Case{MediaAction::Stopped, true, false, false, false, false}}) {
-        const ControlEnables controls = ControlsFor(c.action);
-        const std::map<int, bool> buttons(controls.buttons.begin(), controls.buttons.end());
-        const std::map<QString, bool> items(controls.menuItems.begin(), controls.menuItems.end());
-        SCOPED_TRACE(int(c.action));
-        EXPECT_EQ(buttons.at(BtnPlay), c.play);
-        EXPECT_EQ(buttons.at(BtnPause), c.pause);
-        EXPECT_EQ(buttons.at(BtnStop), c.stop);
-        for (int seeking : {BtnPrevious, BtnRewind, BtnNext, BtnFF, BtnFullScreen})
-            EXPECT_EQ(buttons.at(seeking), c.seek) << seeking;
-        for (const char *key : {"Stop", "FullScreen", "IncreaseSpeed"})
-            EXPECT_EQ(items.at(QLatin1String(key)), c.stopItem) << key;
-        EXPECT_FALSE(buttons.count(BtnOpen) || buttons.count(BtnPlayList)); // always usable
-    }
-    for (bool filled : {false, true}) {
-        for (const auto &[key, on] : PlaylistControls(filled).menuItems)
-            EXPECT_EQ(on, filled) << key.toStdString();
-    }
-}
 
 TEST(WindowStates, FullScreenAndMaximiseReturnToWhereTheyLeft)
 {

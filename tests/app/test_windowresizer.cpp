@@ -5,63 +5,51 @@
 
 using namespace quorvel;
 
-namespace {
-QSize px(int w, int h)
-{
-    return QSize(w, h);
-}
-} // namespace
-
-TEST(WindowResizer, TheBandIsAboutFourPixelsAndShapesThePointer)
+TEST(WindowResizer, TheBandShapesThePointerAndDragsStopAtTheMinimum)
 {
     WindowResizer r;
-    EXPECT_EQ(r.move(10, 10, px(400, 400)).cursor, Qt::ArrowCursor);
-    EXPECT_EQ(r.move(396, 10, px(400, 400)).cursor, Qt::SizeHorCursor);
-    EXPECT_EQ(r.move(10, 396, px(400, 400)).cursor, Qt::SizeVerCursor);
-    EXPECT_EQ(r.move(397, 397, px(400, 400)).cursor, Qt::SizeFDiagCursor);
-    r.press(395, 10, px(400, 400)); // five pixels in: no resize
+    const QSize square(400, 400);
+    for (auto [x, y, cursor] : {std::tuple{10, 10, Qt::ArrowCursor},
+                                {396, 10, Qt::SizeHorCursor},
+                                {10, 396, Qt::SizeVerCursor},
+                                {397, 397, Qt::SizeFDiagCursor}})
+        EXPECT_EQ(r.move(x, y, square).cursor, cursor) << x << "," << y;
+    r.press(395, 10, square); // five pixels in: no resize
     EXPECT_FALSE(r.isResizing());
-    r.press(396, 10, px(400, 400));
-    EXPECT_TRUE(r.resizingWidth());
-}
 
-TEST(WindowResizer, AWidthDragStopsAtTheMinimumForGood)
-{
-    WindowResizer r;
-    QSize size = px(400, 400);
-    r.move(398, 100, size);
-    r.press(398, 100, size);
-    size = r.move(420, 100, size).outer; // 22 pixels wider
-    EXPECT_EQ(size, px(422, 400));
-    size = r.move(300, 100, size).outer; // far left: clamped at 370
-    EXPECT_EQ(size.width(), 370);
-    EXPECT_FALSE(r.isResizing());
-    size = r.move(500, 100, size).outer; // no longer follows
-    EXPECT_EQ(size.width(), 370);
-}
-
-TEST(WindowResizer, AHeightDragOfAWideWindowSurvivesTheMinimum)
-{
-    WindowResizer r;
-    QSize size = px(600, 400);
-    r.move(300, 398, size);
-    r.press(300, 398, size);
-    EXPECT_TRUE(r.resizingHeight());
-    size = r.move(300, 100, size).outer;
-    EXPECT_EQ(size.height(), 370);
-    EXPECT_TRUE(r.resizingHeight()); // the width is above its minimum
-    size = r.move(300, 420, size).outer;
-    EXPECT_GT(size.height(), 370);
-    // Past the left edge of the window the width snaps to the minimum.
-    WindowResizer corner;
-    QSize c = px(600, 600);
-    corner.move(598, 598, c);
-    corner.press(598, 598, c);
-    EXPECT_TRUE(corner.resizingCorner());
-    c = corner.move(0, 598, c).outer;
-    EXPECT_EQ(c.width(), 370);
-    corner.release();
-    EXPECT_FALSE(corner.isResizing());
+    // From a press at (x, y) in `size`, each move's x and y and the size after it.
+    struct Step {
+        int x, y;
+        QSize after;
+        bool resizing;
+    };
+    const struct {
+        QSize size;
+        int x, y;
+        std::vector<Step> moves;
+    } drags[] = {
+        // Wider, then clamped at the minimum width: the drag ends for good.
+        {{400, 400},
+         398,
+         100,
+         {{420, 100, {422, 400}, true}, {300, 100, {370, 400}, false}, {500, 100, {370, 400}, false}}},
+        // A height drag of a wide window goes on past the minimum height.
+        {{600, 400}, 300, 398, {{300, 100, {600, 370}, true}, {300, 420, {600, 690}, true}}},
+        // Past the left edge a corner drag snaps the width to the minimum.
+        {{600, 600}, 598, 598, {{0, 598, {370, 600}, true}}},
+    };
+    for (const auto &d : drags) {
+        WindowResizer drag;
+        QSize size = d.size;
+        drag.move(d.x, d.y, size);
+        drag.press(d.x, d.y, size);
+        for (const Step &m : d.moves) {
+            size = drag.move(m.x, m.y, size).outer;
+            EXPECT_EQ(std::pair(size, drag.isResizing()), std::pair(m.after, m.resizing)) << m.x << "," << m.y;
+        }
+        drag.release();
+        EXPECT_FALSE(drag.isResizing());
+    }
 }
 
 TEST(WindowPlacement, StoredGeometryIsBroughtOntoTheScreens)

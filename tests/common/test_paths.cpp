@@ -1,7 +1,5 @@
 #include "common/paths.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
@@ -35,16 +33,4 @@ TEST(Paths, SupportedFileLooksAtTheExtensionOfTheLastComponent)
     // Every extension of the table names a supported file.
     for (const QString &ext : MediaExtensions())
         EXPECT_TRUE(IsSupportedFile(u"/m/x."_qs + ext)) << ext.toStdString();
-}
-
-TEST(Paths, DeleteIfExists)
-{
-    QTemporaryDir dir;
-    const QString p = dir.filePath(u"f.txt"_qs);
-    EXPECT_TRUE(DeleteIfExists(p));
-    QFile f(p);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.close();
-    EXPECT_TRUE(DeleteIfExists(p));
-    EXPECT_FALSE(QFile::exists(p));
 }

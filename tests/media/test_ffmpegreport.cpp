@@ -1,5 +1,5 @@
 // ffmpeg's and mpgtx's reports, in today's and the older format, read into
-// the media record; refusals; and the report text the playlist keeps.
+// the media record, and refusals.
 #include "media/ffmpegreport.h"
 
 #include <gtest/gtest.h>
@@ -153,7 +153,7 @@ TEST(FfmpegReport, RefusalsAndRefusedAudio)
     EXPECT_TRUE(IsUnsupportedAudio(u"something / 0x1234"_qs));
 }
 
-TEST(FfmpegReport, HelpersAndTheKeptReport)
+TEST(FfmpegReport, DurationsFieldListsAndMpgtxDetails)
 {
     for (auto [text, seconds] : {std::pair{"00:01:23.45", 83.4f}, {"N/A", 0.f}, {"02:00:00.00", 7200.f}, {"x", 0.f}})
         EXPECT_FLOAT_EQ(ParseDuration(QString::fromLatin1(text)), seconds) << text;
@@ -166,32 +166,4 @@ TEST(FfmpegReport, HelpersAndTheKeptReport)
     EXPECT_FLOAT_EQ(ParseMpgtxReport(u"  Aspect ratio 1/1\n"_qs).aspectRatio, 1);
     EXPECT_FLOAT_EQ(ParseMpgtxReport(u"  Aspect ratio 2.21/1\n"_qs).aspectRatio, 2.21f);
     EXPECT_FALSE(ParseMpgtxReport(u"  Not interlaced, chroma format: 4:2:0\n"_qs).interlaced);
-
-    clsSource s;
-    s.FileName = u"/m/a.avi"_qs;
-    s.Duration = 83.4f;
-    StreamEntry video;
-    video.Type = StreamEntry::Video;
-    video.BitRate = 900;
-    video.Compression = u"MPEG-4"_qs;
-    video.FPS = 25;
-    video.Width = 640;
-    video.Height = 480;
-    video.SourceAR = 640.0f / 480.0f;
-    video.DisplayAR = 2.21f;
-    StreamEntry audio;
-    audio.Type = StreamEntry::Audio;
-    audio.BitRate = 128;
-    audio.Compression = u"MP3"_qs;
-    audio.Channels = 2;
-    audio.SampleRate = 44100;
-    s.Streams = {video, audio};
-    EXPECT_EQ(BuildReport(s), u"Stream information of /m/a.avi\r\nDuration  : 83.4\r\nStarttime : 0\r\n"
-                              "Stream 0 (Video)\r\nWidth       : 640 pixels\r\nHeight      : 480 pixels\r\n"
-                              "Framerate   : 25\r\nCompression : MPEG-4\r\nSource AR   : Normal (4:3)\r\n"
-                              "DIsplay AR  : Panavision (2.21:1)\r\nBitRate     : 900 Kbit\\s\r\n"
-                              "Stream 1 (Audio)\r\nChannels    : 2\r\nSamplerate  : 44100 Hz\r\n"
-                              "Compression : MP3\r\nBitRate     : 128 Kbit\\s"_qs);
-    for (auto [ratio, name] : {std::pair{16.0f / 9.0f, "Widescreen (16:9)"}, {1.f, "1:1"}, {1.85f, "1.85:1"}})
-        EXPECT_EQ(GetAspectName(ratio), QString::fromLatin1(name));
 }

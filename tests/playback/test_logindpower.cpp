@@ -1,5 +1,5 @@
 #include "playback/systempower.h"
-#include "qstringprint.h"
+#include "support/qstringprint.h"
 #include "support/waituntil.h"
 
 #include <QCoreApplication>

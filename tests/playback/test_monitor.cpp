@@ -1,5 +1,4 @@
 #include "playback/monitor.h"
-#include "playback/rate.h"
 #include "support/fakeengine.h"
 
 #include <gtest/gtest.h>
@@ -40,11 +39,4 @@ TEST(Monitor, EndsOnRoundedSecondsButNeverOnAnUnknownLength)
     e.scriptedState = Engine::Ended; // the engine finished before the rounded test
     e.scriptedTime = 58000;
     EXPECT_TRUE(ReadMonitor(e).ended);
-}
-
-TEST(Rate, StopsAtTheLimits)
-{
-    EXPECT_FALSE(IncreasedRate(16).changed);
-    EXPECT_FALSE(DecreasedRate(0.125).changed);
-    EXPECT_EQ(RateText(0.125), u"Playing rate:0.125x"_qs);
 }

@@ -1,4 +1,3 @@
-#include "playback/engineoptions.h"
 #include "playback/player.h"
 #include "playlist/playlist.h"
 #include "support/fakeengine.h"
@@ -85,25 +84,4 @@ TEST_F(PlayerFixture, CaptionFollowsTheTitleModeAndFullScreenComesAfterTheStart)
     EXPECT_FALSE(engine.fullscreen); // not inside the start itself
     QCoreApplication::processEvents();
     EXPECT_TRUE(engine.fullscreen);
-}
-
-TEST(EngineOptions, FollowTheSettings)
-{
-    Settings s;
-    const struct {
-        int png, preview, saver;
-        const char *format, *previewOpt, *saverOpt;
-    } cases[] = {
-        {0, 1, 0, "snapshot-format=JPG", "snapshot-preview", "no-disable-screensaver"},
-        {-1, 0, -1, "snapshot-format=PNG", "no-snapshot-preview", "disable-screensaver"},
-    };
-    for (const auto &c : cases) {
-        s.SnapshotPNG = c.png;
-        s.SnapshotPreview = c.preview;
-        s.DisableScreenSaver = c.saver;
-        const QStringList o = BuildEngineOptions(s);
-        for (const char *opt : {c.format, c.previewOpt, c.saverOpt})
-            EXPECT_TRUE(o.contains(QString::fromLatin1(opt))) << opt;
-    }
-    EXPECT_EQ(SnapshotPathOption(u"/"_qs, u"/v/a.avi"_qs), u"snapshot-path=//a.avi Images"_qs);
 }

@@ -1,5 +1,5 @@
-// The window-free rules of the thumbnail list: selection after removals,
-// scroll range, hit test at row borders, row rectangles and stored pictures.
+// The window-free rules of the thumbnail list: selection after removals, hit
+// test at row borders and row rectangles.
 #include "playlist/fancylistmodel.h"
 
 #include <gtest/gtest.h>
@@ -95,19 +95,4 @@ TEST(FancyListModel, VisibleRowsAndRowRectangles)
     EXPECT_GE(narrowThumb.height(), 40);
     m.setThumbnails(false);
     EXPECT_EQ(m.textRect(0, 0, 300).left(), 8);
-}
-
-TEST(FancyListModel, PicturesAreStoredFittedToTheBox)
-{
-    FancyListModel m = ModelWith(0);
-    // Small pictures are kept as they are (the painter enlarges them).
-    const std::pair<QSize, QSize> cases[] = {{{1920, 1080}, {64, 36}}, {{240, 320}, {48, 64}}, {{16, 16}, {16, 16}}};
-    for (int i = 0; i < 3; ++i) {
-        QImage picture(cases[i].first, QImage::Format_RGB32);
-        picture.fill(Qt::red);
-        m.AddItem(QStringLiteral("item"), picture);
-        EXPECT_EQ(m.item(i).image.size(), cases[i].second);
-    }
-    m.AddItem(QStringLiteral("none"));
-    EXPECT_TRUE(m.item(3).image.isNull());
 }

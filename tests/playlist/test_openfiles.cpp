@@ -1,5 +1,6 @@
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
+#include "support/qstringprint.h"
 
 #include <QApplication>
 #include <QDir>
@@ -12,11 +13,6 @@
 #include <gtest/gtest.h>
 
 using namespace quorvel::playlist;
-
-inline void PrintTo(const QString &text, std::ostream *os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
 
 namespace {
 

@@ -1,5 +1,5 @@
 // What a missing or broken skin file costs, with real files copied into a
-// private program folder, and the drawing and hit test of the pictures.
+// private program folder.
 #include "skintestdata.h"
 
 #include "skin/skinimages.h"
@@ -76,22 +76,4 @@ TEST(SkinImages, MissingOrBrokenFileEmptiesItsSlotAndAllLaterOnes)
     EXPECT_EQ(images.LoadSkinImages(empty.path() + "/"), 0);
     EXPECT_FALSE(images.LoadProgressBack(empty.path() + "/"));
     EXPECT_TRUE(test::CommittedSkin().button(SkinSet::Play, 4).isNull());
-}
-
-TEST(SkinImages, HitTestFindsLowestIndexWithExclusiveEdges)
-{
-    std::array<HitRect, 24> rects{};
-    rects[3] = {10, 10, 20, 20};
-    rects[5] = {15, 15, 40, 40};
-    rects[0] = {5, 5, 5, 9}; // no width: contains nothing
-    const std::pair<QPoint, int> cases[] = {
-        {{10, 10}, 3},  // left and top edges are inside
-        {{20, 12}, -1}, // right edge is outside
-        {{12, 20}, -1}, // bottom edge is outside
-        {{17, 17}, 3},  // overlap: lower index wins
-        {{25, 25}, 5},  {{-1, -1}, -1}, {{5, 5}, -1},
-    };
-    for (auto [point, index] : cases)
-        EXPECT_EQ(HitTestButtons(rects, point), index) << point.x() << "," << point.y();
-    EXPECT_EQ(HitTestButtons(rects, static_cast<const QWidget *>(nullptr)), -1);
 }

@@ -2,7 +2,6 @@
 #include "skin/skinpainter.h"
 #include "skin/textellipsis.h"
 
-#include <QLabel>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
@@ -49,19 +48,4 @@ TEST(TextEllipsis, BackslashPathsAndTextThatCannotFit)
     const QString emoji = QStringLiteral("Quorvel - (") + QString::fromUtf8("\xF0\x9F\x8E\xB5").repeated(40) + ")";
     const QString cut = FitTextEllipsis(fm, emoji, 120, EndEllipsis);
     EXPECT_FALSE(cut.chopped(3).back().isHighSurrogate());
-}
-
-TEST(TextEllipsis, LabelKeepsTheFullTextAsTagAndTooltip)
-{
-    for (int width : {200, 2000}) {
-        QLabel label;
-        label.setFont(SkinPainter::captionFont());
-        label.resize(width, 14);
-        EXPECT_EQ(FitTextEllipsis(&label, kCaption, PathEllipsis) == kCaption, width == 2000);
-        EXPECT_EQ(label.toolTip(), width == 2000 ? QString() : kCaption);
-        if (width == 200) {
-            EXPECT_EQ(label.property("tag").toString(), kCaption);
-        }
-    }
-    EXPECT_EQ(FitTextEllipsis(nullptr, kCaption, EndEllipsis), kCaption);
 }

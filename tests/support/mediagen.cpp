@@ -71,27 +71,23 @@ QString makeClip(const QString &name, double seconds, const QString &size)
 QString makeDvdFolder(const QString &name, double seconds)
 {
     const QString d = QString::number(seconds);
-    const QString clip = makeMedia(name + QStringLiteral(".mpg"),
-                                   {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                    QStringLiteral("testsrc2=size=720x480:rate=30000/1001:duration=") + d,
-                                    QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-                                    QStringLiteral("sine=frequency=440:duration=") + d, QStringLiteral("-shortest"),
-                                    QStringLiteral("-target"), QStringLiteral("ntsc-dvd"), QStringLiteral("-f"),
-                                    QStringLiteral("dvd")});
+    const QString clip = makeMedia(
+        name + u".mpg"_qs, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=720x480:rate=30000/1001:duration="_qs + d,
+                            u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=440:duration="_qs + d, u"-shortest"_qs,
+                            u"-target"_qs, u"ntsc-dvd"_qs, u"-f"_qs, u"dvd"_qs});
     const QString folder = testMediaDir() + u'/' + name;
-    QLockFile lock(folder + QStringLiteral(".lock"));
+    QLockFile lock(folder + u".lock"_qs);
     lock.setStaleLockTime(0);
     lock.lock();
-    if (clip.isEmpty() || QFileInfo::exists(folder + QStringLiteral("/VIDEO_TS/VIDEO_TS.IFO")))
+    if (clip.isEmpty() || QFileInfo::exists(folder + u"/VIDEO_TS/VIDEO_TS.IFO"_qs))
         return clip.isEmpty() ? QString() : folder;
     // dvdauthor adds the title, then writes the table of contents.
-    const QString partial = testMediaDir() + QStringLiteral("/.partial-") + name;
+    const QString partial = testMediaDir() + u"/.partial-"_qs + name;
     QDir(partial).removeRecursively();
-    const QStringList author{QStringLiteral("VIDEO_FORMAT=NTSC"), QStringLiteral("dvdauthor"), QStringLiteral("-o"),
-                             partial};
+    const QStringList author{u"VIDEO_FORMAT=NTSC"_qs, u"dvdauthor"_qs, u"-o"_qs, partial};
     QString out;
-    if (runTool(QStringLiteral("env"), author + QStringList{QStringLiteral("-t"), clip}, &out) != 0
-        || runTool(QStringLiteral("env"), author + QStringList{QStringLiteral("-T")}, &out) != 0) {
+    if (runTool(u"env"_qs, author + QStringList{u"-t"_qs, clip}, &out) != 0
+        || runTool(u"env"_qs, author + QStringList{u"-T"_qs}, &out) != 0) {
         qWarning("dvdauthor failed for %s: %s", qPrintable(name), qPrintable(out));
         return {};
     }
