@@ -54,6 +54,7 @@ class PaneSplitter;
 class Player;
 class Playlist;
 class RunningMarker;
+class SessionKeeper;
 class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
@@ -219,7 +220,8 @@ private:
     std::unique_ptr<RecentHistory> m_history;
     std::unique_ptr<DriveList> m_drives;
     std::unique_ptr<DvdPlayback> m_dvd;
-    QString m_dvdFolder; // where "Open DVD folder or image..." opens
+    QString m_dvdFolder;                      // where "Open DVD folder or image..." opens
+    std::unique_ptr<SessionKeeper> m_session; // positions, the kept playlist, folders
 };
 
 } // namespace quorvel

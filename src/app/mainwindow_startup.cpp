@@ -5,6 +5,7 @@
 #include "mainwindow.h"
 
 #include "app/handoffserver.h"
+#include "app/sessionkeeper.h"
 #include "app/videoframe.h"
 #include "app/windowplacement.h"
 #include "common/appname.h"
@@ -57,6 +58,8 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     // first one plays unless the add-only marker was given.
     // A DVD folder or image replaces the playlist and plays; the other files
     // join it after the DVD's row.
+    if (command.files.isEmpty())
+        m_session->restorePlaylist();
     const QStringList files = playDvdAmong(command.files);
     bool first = files.size() == command.files.size();
     for (const QString &path : files) {
@@ -112,6 +115,9 @@ void MainWindow::InitPlayer()
             m_playlist->LoadThumb(title, file, fullScreen, forcePlay);
         });
     connectParts();
+    m_session = std::make_unique<SessionKeeper>(SessionKeeper::Parts{this, m_videoFrame, m_menu, m_classicMenu,
+                                                                     *m_engine, m_playback, *m_player, *m_transport,
+                                                                     *m_playlist, m_notifier});
     m_player->createEngine();
 }
 

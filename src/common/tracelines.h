@@ -29,5 +29,9 @@ inline constexpr char kHistoryLoaded[] = "history loaded:";
 inline constexpr char kHistoryAdded[] = "history added";
 inline constexpr char kFirstPaint[] = "first paint monotonic="; // <ms>
 inline constexpr char kClosed[] = "closed";
+inline constexpr char kResumeSaved[] = "resume saved at";         // resume saved at <ms> "<path>"
+inline constexpr char kResumed[] = "resumed at";                  // resumed at <ms> "<path>", asked=<0|1>
+inline constexpr char kPlaylistSaved[] = "playlist saved:";       // <n> entries
+inline constexpr char kPlaylistRestored[] = "playlist restored:"; // <n> entries, current <i>
 
 } // namespace quorvel::trace

@@ -108,6 +108,8 @@ StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
         return StartResult::FileMissing;
     }
     m_startedBy = by;
+    if (m_engine.hasControl())
+        emit leavingItem();
     destroyEngine();
     createEngine();
     m_state.CurrentFile = path;
@@ -126,6 +128,7 @@ StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
         return StartResult::EngineFailed;
     }
     m_engine.play();
+    emit itemBegins(m_state.CurrentFile);
     qCDebug(lcPlayback) << trace::kStarted << m_state.CurrentFile << "monotonic=" << MonotonicMs();
 
     if (rebuildCaption())

@@ -67,6 +67,11 @@ public:
             emit captionChanged(m_state.CaptionText);
     }
 
+    // The current item is stopped or left for another: its place can be kept.
+    void leaveItem() { emit leavingItem(); }
+    // The stopped current item starts again from its beginning.
+    void beginAgain() { emit itemBegins(m_state.CurrentFile); }
+
     Engine &engine() { return m_engine; }
     PlaybackState &state() { return m_state; }
 
@@ -76,6 +81,10 @@ signals:
     void controlsChanged(MediaAction action);
     // An entry started: for the recent-file history.
     void itemStarted(const QString &path, const QString &title);
+    // The engine is about to stop or drop the current item.
+    void leavingItem();
+    // The engine starts `path` from its beginning.
+    void itemBegins(const QString &path);
 
 private:
     void tell(const QString &text);

@@ -68,4 +68,25 @@ QPushButton:focus { border-color: #4c9dff; }
 )") + QString::fromLatin1(kScrollBar);
 }
 
+QString overlayStyleSheet()
+{
+    return QStringLiteral(R"(
+QFrame#resumePrompt { background: rgba(27, 32, 39, 230); border: 1px solid #3d4754; border-radius: 4px; }
+QPushButton { background: #2d333b; color: #e6edf3; border: 1px solid #3d4754; border-radius: 3px; padding: 4px 12px; }
+QPushButton:hover { background: #3d4754; }
+QPushButton:default, QPushButton:focus { border-color: #4c9dff; }
+)");
+}
+
+QString preferencesStyleSheet()
+{
+    return reportStyleSheet() + QStringLiteral(R"(
+QGroupBox { color: #59b4ff; font-weight: bold; border: 1px solid #3d4754; border-radius: 3px;
+            margin-top: 10px; padding: 8px 6px 4px 6px; }
+QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
+QRadioButton, QCheckBox { color: #e6edf3; spacing: 6px; }
+QRadioButton:disabled, QCheckBox:disabled { color: #7d8792; }
+)");
+}
+
 } // namespace quorvel::theme

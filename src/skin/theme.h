@@ -18,5 +18,9 @@ QPalette listPalette(QPalette base);
 QString listScrollBarStyleSheet();
 // The media report dialog.
 QString reportStyleSheet();
+// The small panel over the video that offers to start a resumed file over.
+QString overlayStyleSheet();
+// Small settings dialogs: the dark frame with light text, check boxes and radio buttons.
+QString preferencesStyleSheet();
 
 } // namespace quorvel::theme
