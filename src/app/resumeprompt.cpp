@@ -60,8 +60,9 @@ void ResumePrompt::place()
     if (!m_video || !parentWidget())
         return;
     const QRect area(m_video->mapTo(parentWidget(), QPoint(0, 0)), m_video->size());
-    const QSize size = sizeHint();
-    move(area.left() + 12, area.bottom() - size.height() - 12);
+    // Centred near the bottom of the picture, never wider than the video.
+    const QSize size(qMin(sizeHint().width(), area.width()), sizeHint().height());
+    move(area.left() + (area.width() - size.width()) / 2, area.bottom() - size.height() - 10);
     resize(size);
     raise();
 }

@@ -44,6 +44,9 @@ SessionKeeper::SessionKeeper(Parts parts)
             return;
         m_resume.setStartHint(m_parts.playlist.fullPath(current), positionMs);
         m_parts.transport.sequence().setCursor(current);
+        // Play starts the current entry, unless something plays already.
+        if (!m_parts.state.MediaLoaded && m_parts.engine.itemCount() == 0)
+            m_parts.player.CueItem(current);
     });
 
     parts.transport.setListEndedHandler([this] { return playNextInFolder(); });
@@ -118,10 +121,16 @@ void SessionKeeper::openFolder()
     if (folder.isEmpty())
         return;
     m_lastFolder = folder;
-    const QStringList files = MediaFilesIn(folder, m_prefs.folderSubfolders);
+    // Opening a folder again picks up its new files without a word about
+    // the ones already in the list.
+    QStringList files;
+    for (const QString &file : MediaFilesIn(folder, m_prefs.folderSubfolders)) {
+        if (!m_parts.playlist.IsInPlaylist(file))
+            files << file;
+    }
     if (files.isEmpty()) {
         m_parts.notifier.notify(MessageNotifier::Icon::Information,
-                                QStringLiteral("There are no media files in <") + folder + QStringLiteral(">"));
+                                QStringLiteral("There are no new media files in <") + folder + QStringLiteral(">"));
         return;
     }
     m_parts.playlist.addFiles(files, true);

@@ -94,6 +94,27 @@ void Player::itemUnopenable()
                    m_startedBy);
 }
 
+bool Player::CueItem(int index)
+{
+    const QString path = m_playlist.fullPath(index);
+    if (index < 0 || index >= m_playlist.count() || (!IsEngineLocation(path) && !QFileInfo::exists(path)))
+        return false;
+    if (m_engine.hasControl())
+        emit leavingItem();
+    destroyEngine();
+    createEngine();
+    m_state.CurrentFile = path;
+    if (m_state.VLCOptions.size() <= kSnapshotPathOptionIndex)
+        SaveVLCOptions();
+    m_state.VLCOptions[kSnapshotPathOptionIndex] = SnapshotPathOption(m_settings.SnapshotFolder, path);
+    m_engine.playlistAdd(path, QString(), m_state.VLCOptions);
+    if (!m_engine.failure().isEmpty())
+        return false;
+    qCDebug(lcPlayback) << "cued" << path;
+    refreshCaption();
+    return true;
+}
+
 StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
 {
     if (index < 0 || index >= m_playlist.list().count() || index >= m_playlist.count())

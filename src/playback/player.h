@@ -44,6 +44,10 @@ public:
     // Starts entry `index`; does nothing when it is outside the playlist or
     // its file has been deleted since it was added.
     StartResult PlayItem(int index, bool fullScreen, StartedBy by = StartedBy::User);
+    // Loads entry `index` into a fresh engine control without starting it,
+    // so that Play starts it (the current entry of a list kept from the last
+    // run). The state stays "stopped"; false when it cannot be loaded.
+    bool CueItem(int index);
     // The current item is started again (Play on a stopped item).
     void restartedByUser();
     // The monitor saw the current item play: a later failure of its file is news.

@@ -55,9 +55,9 @@ void Transport::play()
     }
     if (m_stopping)
         finishStopNow(); // play after a stop starts the stopped item again
-    // An engine that could not start has nothing to resume, and a list kept
-    // from the last run has nothing loaded yet: the entry starts below.
-    if (m_state.IsHalted && m_engine.failure().isEmpty() && m_engine.itemCount() > 0)
+    // An engine that could not start has nothing to resume: the start below
+    // keeps the stopped state.
+    if (m_state.IsHalted && m_engine.failure().isEmpty())
         return resumeHalted();
     const int selected = m_playlist.list().selectedItem();
     m_sequence.setCursor(selected);
@@ -82,15 +82,9 @@ void Transport::pause()
         return; // nothing can play
     if (m_stopping)
         finishStopNow(); // the engine has stopped: the toggle resumes
-    // A stopped item starts again as Play starts it, so its place comes
-    // back; with nothing loaded yet the current entry starts.
-    if (m_state.IsStopped && m_engine.itemCount() > 0)
+    // A stopped item starts again as Play starts it, so its place comes back.
+    if (m_state.IsStopped)
         return resumeHalted();
-    if (m_engine.itemCount() < 1) {
-        if (m_playlist.list().count() > 0)
-            play();
-        return;
-    }
     const bool halt = !m_state.IsHalted;
     m_engine.togglePause();
     m_player.enableMediaControl(halt ? MediaAction::Paused : MediaAction::Playing);

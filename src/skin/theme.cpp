@@ -72,7 +72,7 @@ QString overlayStyleSheet()
 {
     return QStringLiteral(R"(
 QFrame#resumePrompt { background: rgba(27, 32, 39, 230); border: 1px solid #3d4754; border-radius: 4px; }
-QPushButton { background: #2d333b; color: #e6edf3; border: 1px solid #3d4754; border-radius: 3px; padding: 4px 12px; }
+QPushButton { background: #2d333b; color: #e6edf3; border: 1px solid #3d4754; border-radius: 3px; padding: 3px 8px; }
 QPushButton:hover { background: #3d4754; }
 QPushButton:default, QPushButton:focus { border-color: #4c9dff; }
 )");
@@ -86,6 +86,10 @@ QGroupBox { color: #59b4ff; font-weight: bold; border: 1px solid #3d4754; border
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
 QRadioButton, QCheckBox { color: #e6edf3; spacing: 6px; }
 QRadioButton:disabled, QCheckBox:disabled { color: #7d8792; }
+QRadioButton::indicator, QCheckBox::indicator { width: 11px; height: 11px; border: 1px solid #7d8792;
+                                                background: #161b22; }
+QRadioButton::indicator { border-radius: 6px; }
+QRadioButton::indicator:checked, QCheckBox::indicator:checked { background: #4c9dff; border-color: #9ccaff; }
 )");
 }
 
