@@ -106,6 +106,7 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
         bool stops;
         QStringList power;
         int closes;
+        int beyond = 0; // times the end of the list asked for more
     } cases[] = {
         {"continuous, repeat all",
          &Transport::PBContinuous,
@@ -116,7 +117,8 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
          {0, 1, 2, 0, 1},
          false,
          {},
-         0},
+         0,
+         1},
         {"continuous, no repeat",
          &Transport::PBContinuous,
          &Transport::RepeatNone,
@@ -126,10 +128,11 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
          {0, 1, 2},
          true,
          {},
+         1,
          1},
         {"single", &Transport::PBContinuous, &Transport::RepeatSingle, AfterExit, 1, 1, {1}, false, {}, 0},
         {"normal", &Transport::PBNormal, &Transport::RepeatAll, AfterShutdown, 0, 1, {0}, true, {u"powerOff"_qs}, 0},
-        {"shuffle", &Transport::PBShuffle, &Transport::RepeatNone, AfterDoNothing, 0, 3, {0, 1, 2}, true, {}, 0},
+        {"shuffle", &Transport::PBShuffle, &Transport::RepeatNone, AfterDoNothing, 0, 3, {0, 1, 2}, true, {}, 0, 1},
     };
     for (const auto &c : cases) {
         TransportFixture f;
@@ -138,6 +141,8 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
         (f.transport.*c.mode)();
         (f.transport.*c.repeat)();
         f.transport.DoAfter(c.after);
+        int asked = 0;
+        f.transport.setListEndedHandler([&] { return ++asked < 0; });
         f.list.setSelectedItem(c.start);
         f.transport.sequence().setCursor(c.start);
         f.player.PlayItem(f.transport.sequence().indexAt(c.start), false);
@@ -156,6 +161,7 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
         EXPECT_EQ(f.state.IsStopped && f.state.IsHalted && !f.state.MediaLoaded, c.stops) << c.name;
         EXPECT_EQ(f.power.requests, c.power) << c.name;
         EXPECT_EQ(f.view.closes, c.closes) << c.name;
+        EXPECT_EQ(asked, c.beyond) << c.name;
         if (!c.stops) {
             EXPECT_TRUE(f.state.MediaLoaded && f.playingIndex() == played.last()) << c.name;
         }
