@@ -2,43 +2,36 @@
 
 #include "app/instance.h"
 #include "app/panesplitter.h"
+#include "app/playlistplacement.h"
 #include "app/sessionkeeper.h"
+#include "app/skinsurface.h"
 #include "app/unixsignals.h"
 #include "app/videoframe.h"
+#include "app/windowdvd.h"
 #include "common/logging.h"
 #include "common/paths.h"
 #include "common/tracelines.h"
 #include "media/mediaprobe.h"
-#include "menus/menuview.h"
-#include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/playsequence.h"
 #include "playback/systempower.h"
 #include "playback/transport.h"
 #include "playback/vlcengine.h"
+#include "playlist/fancylist.h"
 #include "playlist/fancylistthumblist.h"
 #include "playlist/filechooser.h"
 #include "playlist/openfiles.h"
 #include "playlist/playlist.h"
 #include "skin/skinlayout.h"
-#include "skin/textellipsis.h"
 #include "skin/theme.h"
 
-#include "playlist/fancylist.h"
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDragMoveEvent>
-#include <QDropEvent>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
-#include <QSystemTrayIcon>
-#include <QTimer>
 
 namespace quorvel {
 
@@ -55,24 +48,20 @@ MainWindow::~MainWindow()
     m_playlist.reset();
     m_player.reset();
     m_engine.reset();
-    if (m_tray)
-        m_tray->hide();
+    m_surface.reset();
 }
 
 void MainWindow::buildWidgets()
 {
     // No system frame: the skin draws the title bar, borders and buttons.
     setWindowFlag(Qt::FramelessWindowHint);
-    setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    m_skin = std::make_unique<SkinController>(m_skinImages);
-    // The engine starts at full volume; the slider says so from the start.
-    m_skin->state().knobLeft = 51;
-    m_skin->state().volumeText = QStringLiteral("100");
+    m_surface = std::make_unique<SkinSurface>(*this, m_windowStates, m_playback);
 
     m_menuBar = new QMenuBar(this);
     m_menuBar->setObjectName(QStringLiteral("SmartMenuXP1"));
     m_menuBar->setNativeMenuBar(false);
+    m_menus = std::make_unique<WindowMenus>(*this, *m_menuBar);
 
     m_splitter = new PaneSplitter(this);
     m_splitter->setObjectName(QStringLiteral("SSSplitMain"));
@@ -83,6 +72,7 @@ void MainWindow::buildWidgets()
     m_listWidget->setPlaceholderText(tr("Drop media files here"));
     m_listWidget->scrollBar()->setStyleSheet(theme::listScrollBarStyleSheet());
     m_splitter->setPaneContent(PaneSplitter::kCentre, m_videoFrame);
+    m_placement = std::make_unique<PlaylistPlacement>(*this, *m_splitter, *m_listWidget);
 
     m_addProgress = new QProgressBar(this);
     m_addProgress->setObjectName(QStringLiteral("addProgress"));
@@ -122,14 +112,13 @@ void MainWindow::connectParts()
     connect(m_listWidget, &FancyList::MouseDown, this,
             [this](Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
                 if (button == Qt::RightButton)
-                    popupClassicBranch(QStringLiteral("mnuPlayListmenu"), m_listWidget->mapToGlobal(QPoint(x, y)));
+                    m_menus->popup(QStringLiteral("mnuPlayListmenu"), m_listWidget->mapToGlobal(QPoint(x, y)));
             });
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
             [this](const QStringList &paths) { m_playlist->addFiles(m_session->droppedFiles(paths), true); });
     connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });
-    connect(m_videoFrame, &VideoFrame::rightClicked, this, [this](QPoint pos) {
-        popupClassicBranch(QStringLiteral("mnuPlayBackMenu"), m_videoFrame->mapToGlobal(pos));
-    });
+    connect(m_videoFrame, &VideoFrame::rightClicked, this,
+            [this](QPoint pos) { m_menus->popup(QStringLiteral("mnuPlayBackMenu"), m_videoFrame->mapToGlobal(pos)); });
     connect(m_player.get(), &Player::itemStarted, this, [this] { m_videoFrame->showLogo(false); });
     m_engine->setFullscreenHandler([this](bool on) { enterFullScreen(on); });
     // Escape leaves full screen wherever the focus is; it is free otherwise,
@@ -153,20 +142,15 @@ void MainWindow::onListDoubleClicked(int index)
         return;
     m_player->PlayItem(index, false);
     m_listWidget->hide();
-    SetPlaylistPosition(5);
+    m_placement->SetPlaylistPosition(5);
     m_transport->sequence().setCursor(index);
 }
 
 void MainWindow::showCaption()
 {
     setWindowTitle(m_playback.CaptionText);
-    m_captionFlags = EndEllipsis;
+    m_surface->setCaptionFlags(EndEllipsis);
     update();
-}
-
-void MainWindow::flashCaption()
-{
-    QApplication::alert(this, 1000);
 }
 
 void MainWindow::enterFullScreen(bool on)
@@ -195,42 +179,17 @@ void MainWindow::enterFullScreen(bool on)
         m_engine->noteFullscreenLeft();
 }
 
-void MainWindow::SetPlaylistPosition(int layoutCode)
+void MainWindow::layoutChildren()
 {
-    m_playlistFill = false;
-    for (int pane = 0; pane < 5; ++pane)
-        m_splitter->setLock(pane, false);
-    if (const std::optional<PlaylistPanes> l = PlaylistPanesFor(layoutCode, QSizeF(m_splitter->size()))) {
-        m_splitter->setPaneSize(0, qRound(l->pane0Width));
-        m_splitter->setPaneSize(1, qRound(l->pane1Height));
-        m_splitter->setPaneSize(3, qRound(l->pane3Height));
-        m_splitter->setPaneSize(4, qRound(l->pane4Width));
-        if (!l->keepContents) {
-            for (int pane : {0, 1, 3, 4}) {
-                if (pane != l->holder && m_splitter->paneContent(pane))
-                    m_splitter->setPaneContent(pane, nullptr);
-            }
-            if (l->holder >= 0) {
-                m_splitter->setPaneContent(l->holder, m_listWidget);
-            } else if (l->fillsVideo) {
-                const bool shown = !m_listWidget->isHidden();
-                // The engine's surface is a window of its own and would cover
-                // a list drawn into ours: over the video the list needs its
-                // own window too, stacked above the surface.
-                m_listWidget->setAttribute(Qt::WA_DontCreateNativeAncestors);
-                m_listWidget->setAttribute(Qt::WA_NativeWindow);
-                m_listWidget->setParent(this);
-                m_listWidget->setGeometry(m_splitter->geometry());
-                m_listWidget->setVisible(shown);
-                m_playlistFill = true;
-            }
-        }
-        m_splitter->setLock(0, l->lock0W);
-        m_splitter->setLock(4, l->lock4W);
-        m_splitter->setLock(1, l->lock1H);
-        m_splitter->setLock(3, l->lock3H);
+    if (m_windowStates.isFullScreen()) {
+        m_splitter->setGeometry(rect());
+        return;
     }
-    m_listWidget->raise();
+    const SkinLayout l = SkinLayout::Compute(size());
+    m_menuBar->setGeometry(l.menuStrip.adjusted(0, 0, -15, 0));
+    m_splitter->setGeometry(l.videoArea);
+    // Adding several files shows its progress on the title bar.
+    m_addProgress->setGeometry(width() - 176, 12, 90, 8);
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event)
@@ -239,15 +198,14 @@ void MainWindow::resizeEvent(QResizeEvent *event)
     if (isMinimized())
         return;
     layoutChildren();
-    if (m_playlistFill)
-        m_listWidget->setGeometry(m_splitter->geometry());
+    m_placement->followResize();
     if (m_thumbList)
-        SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
+        m_placement->SetPlaylistPosition(m_thumbList->isVisible() ? m_settings.PlaylistPosition : 5);
     if (!m_isLoading && m_windowStates.isNormal()) {
         m_settings.WindowWidth = width();
         m_settings.WindowHeight = height();
     }
-    m_captionFlags = PathEllipsis;
+    m_surface->setCaptionFlags(PathEllipsis);
     update();
 }
 

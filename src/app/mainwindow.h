@@ -3,40 +3,31 @@
 // built at start-up, the playback state, the engine, the playlist and the
 // hand-off endpoints, and wires them together. Start-up and shut-down follow
 // a fixed order (mainwindow_startup.cpp); the logic lives in the classes it
-// owns, the window only hosts and forwards.
+// owns, the skinned surface, the menus and the DVD entries in the hosts
+// beside it; the window only composes and forwards.
 
 #include "app/appstate.h"
 #include "app/handoffserver.h"
 #include "app/mediacontrols.h"
 #include "app/messagebox.h"
 #include "app/recenthistory.h"
-#include "app/windowresizer.h"
+#include "app/windowmenus.h"
 #include "app/windowstates.h"
 #include "menus/commanddispatcher.h"
-#include "menus/menumodel.h"
 #include "playback/playbackstate.h"
 #include "playback/transport.h"
 #include "settings/keyvaluestore.h"
 #include "settings/settings.h"
-#include "skin/skincontroller.h"
-#include "skin/textellipsis.h"
 
-#include <QHash>
 #include <QWidget>
 #include <memory>
 
-class QBoxLayout;
-class QToolButton;
-class QLabel;
 class QMenuBar;
 class QShortcut;
-class QSystemTrayIcon;
 class QProgressBar;
-class QTimer;
 
 namespace quorvel {
 
-class DriveList;
 class DvdPlayback;
 class FancyList;
 class FancyListThumbList;
@@ -49,17 +40,19 @@ namespace playlist {
 class DialogFileChooser;
 class FileOpener;
 } // namespace playlist
-class MenuView;
 class PaneSplitter;
 class Player;
 class Playlist;
+class PlaylistPlacement;
 class RunningMarker;
 class SessionKeeper;
+class SkinSurface;
 class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
+class WindowDvd;
 
-class MainWindow : public QWidget, public TransportView, public CommandActions, public DriveActions {
+class MainWindow : public QWidget, public TransportView, public CommandActions {
     Q_OBJECT
 public:
     MainWindow();
@@ -84,11 +77,11 @@ public:
     Playlist &playlist() { return *m_playlist; }
     Player &player() { return *m_player; }
     Transport &transport() { return *m_transport; }
-    MenuModel &menu() { return m_menu; }
-    MenuModel &classicMenu() { return m_classicMenu; }
+    MenuModel &menu() { return m_menus->menu(); }
+    MenuModel &classicMenu() { return m_menus->classicMenu(); }
     CommandDispatcher &commands() { return *m_dispatcher; }
     // Drive enumeration and DVD playing (the Open DVD entries route here).
-    DvdPlayback &dvd() { return *m_dvd; }
+    DvdPlayback &dvd();
     const AppTables &tables() const { return m_tables; }
     bool isLoading() const { return m_isLoading; }
 
@@ -97,26 +90,16 @@ signals:
     void closing();
 
 protected:
-    bool event(QEvent *event) override; // the caption's tooltip
     void closeEvent(QCloseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override; // the player keys
     void resizeEvent(QResizeEvent *event) override;
-    void mouseMoveEvent(QMouseEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void leaveEvent(QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
 
 private:
     void InitPlayer();
     void buildWidgets();
     void connectParts();
     void enterFullScreen(bool on);
-    // The skin: pictures, layout of the child widgets, what the mouse does.
+    // Places the child widgets in the skin's bands.
     void layoutChildren();
-    void runSkinReaction(const SkinController::Reaction &reaction);
-    void setVolume(int volume);
     void onListClicked(int index);
 
     // What the transport shows through the window.
@@ -141,35 +124,16 @@ private:
     void openUrl(const QUrl &url) override;
     void playHistoryEntry(int slot) override;
     void changeVolume(int delta) override;
-    void popupClassicBranch(const QString &key, QPoint globalPos);
     void enableDvdCheck() override;
-    // The drives, for the commands.
-    void playDrive(int index) override;
-    void refreshDrives() override;
     void onListDoubleClicked(int index);
-    void flashCaption();
 
-    // The skin pictures, the menu and the states of the controls.
-    void LoadSkinImages();
-    void BuildMenu();
+    // The states of the controls.
     void followMediaControl(MediaAction action);
     void updatePlaylistMenuItems();
     void applyControls(const ControlEnables &controls);
-    void applyTray();
     // Reads the recent-file history into the menu and keeps it up to date.
     void LoadHistory();
-    // DVDs: the drive list, the check timer and "Open DVD folder or image...".
-    void setupDvd();
-    void openDvdSource();
-    // Plays the first DVD-Video folder or image of `files` and returns the rest.
-    QStringList playDvdAmong(const QStringList &files);
 
-public:
-    // Places the playlist beside, above, below or over the video (codes 0-4)
-    // or leaves it out of the panes (5).
-    void SetPlaylistPosition(int layoutCode);
-
-private:
     AppTables m_tables;
     Settings m_settings;
     SettingsEnvironment m_environment;
@@ -177,8 +141,6 @@ private:
     bool m_isLoading = false;
     bool m_forcePlay = true;
     bool m_closing = false;
-    bool m_painted = false;
-    bool m_playlistFill = false;
     WindowStates m_windowStates;
 
     // Widgets (owned by the window through Qt parenting).
@@ -187,20 +149,11 @@ private:
     FancyList *m_listWidget = nullptr;
     QProgressBar *m_addProgress = nullptr;
     QMenuBar *m_menuBar = nullptr;
-    MenuView *m_menuView = nullptr;
-    MenuView *m_classicView = nullptr; // the pop-up tree
-    QSystemTrayIcon *m_tray = nullptr;
     QShortcut *m_leaveFullScreen = nullptr;
 
-    MenuModel m_menu;
-    MenuModel m_classicMenu;
-    SkinImages m_skinImages;
-    std::unique_ptr<SkinController> m_skin;
-    WindowResizer m_resizer;
-    QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
-    bool m_dragging = false;
-    QSize m_askedSize; // the size last asked for during an edge drag
-    int m_captionFlags = PathEllipsis;
+    std::unique_ptr<SkinSurface> m_surface;
+    std::unique_ptr<WindowMenus> m_menus;
+    std::unique_ptr<PlaylistPlacement> m_placement;
 
     MessageBoxNotifier m_notifier;
     std::unique_ptr<RunningMarker> m_marker;
@@ -218,9 +171,7 @@ private:
     std::unique_ptr<UnixSignalWatcher> m_signals;
     std::unique_ptr<KeyValueStore> m_store;
     std::unique_ptr<RecentHistory> m_history;
-    std::unique_ptr<DriveList> m_drives;
-    std::unique_ptr<DvdPlayback> m_dvd;
-    QString m_dvdFolder;                      // where "Open DVD folder or image..." opens
+    std::unique_ptr<WindowDvd> m_dvd;
     std::unique_ptr<SessionKeeper> m_session; // positions, the kept playlist, folders
 };
 

@@ -1,36 +1,21 @@
-// The menus of the main window: both trees built and shown, their states
-// following playback and the playlist, and what the commands ask of the
-// window. Choosing and dispatching is the CommandDispatcher's.
+// What the commands ask of the main window, and the states of the menu items
+// and buttons following playback and the playlist. Choosing and dispatching
+// is the CommandDispatcher's; the menus themselves are WindowMenus'.
 
 #include "mainwindow.h"
 
 #include "app/mediacontrols.h"
 #include "app/mediainfobox.h"
+#include "app/skinsurface.h"
+#include "app/windowdvd.h"
 #include "common/logging.h"
 #include "common/tracelines.h"
-#include "menus/menuview.h"
 #include "playlist/playlist.h"
-#include "skin/skinlayout.h"
 
 #include <QDesktopServices>
-#include <QKeyEvent>
-#include <QMenu>
-#include <QMenuBar>
 #include <QScreen>
-#include <QSystemTrayIcon>
 
 namespace quorvel {
-
-void MainWindow::BuildMenu()
-{
-    quorvel::BuildMenu(m_menu);
-    quorvel::BuildClassicMenu(m_classicMenu);
-    m_menuView = new MenuView(m_menu, m_menuBar);
-    m_classicView = new MenuView(m_classicMenu, this);
-    // The window owns the keys too, so they work while the bar is hidden
-    // (full screen).
-    addActions(m_menuView->shortcutActions());
-}
 
 void MainWindow::followMediaControl(MediaAction action)
 {
@@ -44,48 +29,13 @@ void MainWindow::updatePlaylistMenuItems()
 
 void MainWindow::applyControls(const ControlEnables &controls)
 {
-    for (const auto &[key, usable] : controls.menuItems)
-        m_menu.setEnabled(key, usable);
-    for (const auto &[index, usable] : controls.buttons)
-        m_skin->buttons().setEnabled(index, usable);
-    if (!controls.buttons.empty())
-        update();
-}
-
-void MainWindow::applyTray()
-{
-    if (!IsSet(m_settings.ShowInTray)) {
-        if (m_tray)
-            m_tray->hide();
-        return;
-    }
-    if (!m_tray) {
-        m_tray = new QSystemTrayIcon(windowIcon(), this);
-        m_tray->setToolTip(QStringLiteral("Quorvel"));
-        // The right button opens the File branch; a left click does nothing.
-        m_tray->setContextMenu(m_classicView->menuFor(QStringLiteral("mnuFileMenu")));
-    }
-    m_tray->show();
-}
-
-void MainWindow::popupClassicBranch(const QString &key, QPoint globalPos)
-{
-    if (QMenu *menu = m_classicView ? m_classicView->menuFor(key) : nullptr)
-        menu->popup(globalPos);
+    m_menus->setItemsEnabled(controls.menuItems);
+    m_surface->setButtonsEnabled(controls.buttons);
 }
 
 void MainWindow::popupDvdMenu()
 {
-    popupClassicBranch(QStringLiteral("mnuOpenDVD"), mapToGlobal(QPoint(55, height() - 44)));
-}
-
-void MainWindow::keyPressEvent(QKeyEvent *event)
-{
-    // Keys the focused child left alone (the playlist keeps its arrows).
-    if (m_dispatcher && m_dispatcher->runKey(QKeySequence(event->keyCombination())))
-        event->accept();
-    else
-        QWidget::keyPressEvent(event);
+    m_menus->popup(QStringLiteral("mnuOpenDVD"), mapToGlobal(QPoint(55, height() - 44)));
 }
 
 void MainWindow::minimize()
@@ -114,7 +64,7 @@ void MainWindow::toggleMaximize()
     } else {
         showNormal();
     }
-    m_skin->buttons().setState(BtnMinimize, maximized ? StateDisabled : StateNormal);
+    m_surface->skin().buttons().setState(BtnMinimize, maximized ? StateDisabled : StateNormal);
     if (step.geometry.isValid())
         setGeometry(step.geometry);
     update();
@@ -159,10 +109,18 @@ void MainWindow::openUrl(const QUrl &url)
 
 void MainWindow::changeVolume(int delta)
 {
-    const int volume = std::clamp(m_skin->state().volumeText.toInt() + delta, 0, 100);
-    m_skin->state().knobLeft = qRound(volume * (SkinLayout::kTrackWidth - SkinLayout::kKnobWidth) / 100.0);
-    setVolume(volume);
-    update();
+    m_surface->changeVolume(delta);
+}
+
+void MainWindow::enableDvdCheck()
+{
+    if (m_dvd)
+        m_dvd->playback().enableCheck();
+}
+
+DvdPlayback &MainWindow::dvd()
+{
+    return m_dvd->playback();
 }
 
 } // namespace quorvel

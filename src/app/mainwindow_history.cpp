@@ -3,10 +3,10 @@
 
 #include "mainwindow.h"
 
+#include "app/windowdvd.h"
 #include "common/logging.h"
 #include "common/tracelines.h"
 #include "menus/menukeys.h"
-#include "playback/dvdplayback.h"
 #include "playback/player.h"
 #include "playback/transport.h"
 #include "playlist/playlist.h"
@@ -21,14 +21,14 @@ void MainWindow::LoadHistory()
     m_store = std::make_unique<FileStore>(FileStore::defaultPath());
     m_history = std::make_unique<RecentHistory>(*m_store);
     m_history->LoadRecentFiles();
-    ShowRecentFiles(*m_history, m_menu);
+    ShowRecentFiles(*m_history, menu());
     qCDebug(lcApp) << trace::kHistoryLoaded << m_history->size() << "entries";
 
     connect(m_player.get(), &Player::itemStarted, this, [this](const QString &path, const QString &title) {
         if (!m_history->AddRecentFile(path, title))
             return;
         qCDebug(lcApp) << trace::kHistoryAdded << path;
-        ShowRecentFiles(*m_history, m_menu);
+        ShowRecentFiles(*m_history, menu());
     });
 }
 
@@ -49,7 +49,7 @@ void MainWindow::playHistoryEntry(int slot)
     }
     // A DVD that played before (it replays through the playlist) plays again as a DVD.
     if (path.startsWith(kDvdScheme)) {
-        m_dvd->playDvdSource(path);
+        m_dvd->playback().playDvdSource(path);
         return;
     }
     m_playlist->LoadThumb(m_history->title(slot), path, false, true);

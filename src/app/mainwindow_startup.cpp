@@ -5,8 +5,11 @@
 #include "mainwindow.h"
 
 #include "app/handoffserver.h"
+#include "app/playlistplacement.h"
 #include "app/sessionkeeper.h"
+#include "app/skinsurface.h"
 #include "app/videoframe.h"
+#include "app/windowdvd.h"
 #include "app/windowplacement.h"
 #include "common/appname.h"
 #include "common/logging.h"
@@ -38,14 +41,16 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     QCoreApplication::setApplicationName(kOrganizationName);
     m_tables.AppPath = ProgramFolder();
     m_marker = std::make_unique<RunningMarker>();
-    LoadSkinImages();
-    BuildMenu();
+    m_surface->LoadSkinImages();
+    m_menus->BuildMenu();
     InitPlayer();
     LoadConfigurations();
     ApplyAssociations(m_settings.AssocFlags);
     LoadHistory();
-    setupDvd();
-    SetPlaylistPosition(5);
+    m_dvd = std::make_unique<WindowDvd>(*this, *m_menus, *m_dispatcher, *m_transport, *m_player, *m_playlist,
+                                        m_notifier, *this, m_tables.AppPath);
+    connect(&m_dvd->playback(), &DvdPlayback::started, this, [this] { m_videoFrame->showLogo(false); });
+    m_placement->SetPlaylistPosition(5);
     m_player->enableMediaControl(MediaAction::Stopped);
     m_transport->applyStoredModes();
     m_transport->DoAfter(AfterDoNothing);
@@ -60,7 +65,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     // join it after the DVD's row.
     if (command.files.isEmpty())
         m_session->restorePlaylist();
-    const QStringList files = playDvdAmong(command.files);
+    const QStringList files = m_dvd->playDvdAmong(command.files);
     bool first = files.size() == command.files.size();
     for (const QString &path : files) {
         m_playlist->LoadThumb(GetFileTitle(path), path, IsSet(m_settings.LaunchFullScreen), m_forcePlay && first);
@@ -76,7 +81,7 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     }
     m_isLoading = false;
     m_transport->movieTimer().start();
-    m_dvd->checkTimer().start();
+    m_dvd->playback().checkTimer().start();
     qCDebug(lcApp) << trace::kInstanceReady << QCoreApplication::applicationPid() << "on"
                    << QGuiApplication::platformName();
 }
@@ -106,16 +111,18 @@ void MainWindow::InitPlayer()
     m_power = std::make_unique<playback::LogindPower>();
     m_transport = std::make_unique<Transport>(*m_engine, m_settings, m_playback, *m_playlist, *m_player, *m_power,
                                               *this);
-    m_dispatcher = std::make_unique<CommandDispatcher>(m_menu, m_classicMenu, *m_transport, *m_playlist, m_playback,
+    m_dispatcher = std::make_unique<CommandDispatcher>(menu(), classicMenu(), *m_transport, *m_playlist, m_playback,
                                                        m_settings, *this, m_notifier);
     m_dispatcher->setProgramFolder(m_tables.AppPath);
+    m_menus->setDispatcher(*m_dispatcher);
+    m_surface->attach(*m_engine, *m_dispatcher);
     m_chooser = std::make_unique<playlist::DialogFileChooser>(this);
     m_openFiles = std::make_unique<playlist::FileOpener>(
         *m_chooser, [this](const QString &title, const QString &file, bool fullScreen, bool forcePlay) {
             m_playlist->LoadThumb(title, file, fullScreen, forcePlay);
         });
     connectParts();
-    m_session = std::make_unique<SessionKeeper>(SessionKeeper::Parts{this, m_videoFrame, m_menu, m_classicMenu,
+    m_session = std::make_unique<SessionKeeper>(SessionKeeper::Parts{this, m_videoFrame, menu(), classicMenu(),
                                                                      *m_engine, m_playback, *m_player, *m_transport,
                                                                      *m_playlist, m_notifier});
     m_player->createEngine();
@@ -134,11 +141,11 @@ void MainWindow::SetLoadedOptions()
 {
     RestoreWindowGeometry(*this, m_settings);
     setWindowFlag(Qt::WindowStaysOnTopHint, IsSet(m_settings.AlwaysOnTop));
-    applyTray();
+    m_menus->showTray(IsSet(m_settings.ShowInTray));
     if (m_playback.MediaLoaded && m_player->rebuildCaption())
         showCaption();
     if (m_thumbList->isVisible())
-        SetPlaylistPosition(m_settings.PlaylistPosition);
+        m_placement->SetPlaylistPosition(m_settings.PlaylistPosition);
 }
 
 void MainWindow::WriteConfigurations()
@@ -156,12 +163,12 @@ void MainWindow::receiveCommand(const QString &text, std::function<void()> done)
     const QStringList given = CommandLine::filesOf(text);
     qCDebug(lcApp) << trace::kHandoffReceived << given;
     // A DVD cannot wait in the playlist beside files: it plays.
-    const QStringList files = playDvdAmong(given);
+    const QStringList files = m_dvd->playDvdAmong(given);
     if (files.isEmpty()) {
         done();
         return;
     }
-    flashCaption();
+    QApplication::alert(this, 1000);
     // Handed-over files are only added, never started, whatever the marker said.
     for (qsizetype i = 0; i < files.size(); ++i)
         m_playlist->LoadThumb(GetFileTitle(files[i]), files[i], IsSet(m_settings.LaunchFullScreen), false,

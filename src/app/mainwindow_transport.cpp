@@ -3,15 +3,12 @@
 
 #include "mainwindow.h"
 
+#include "app/playlistplacement.h"
+#include "app/skinsurface.h"
 #include "app/videoframe.h"
-#include "common/logging.h"
-#include "playback/transport.h"
 #include "playback/vlcengine.h"
-#include "playlist/fancylistthumblist.h"
-#include "playlist/filechooser.h"
-#include "playlist/openfiles.h"
-
 #include "playlist/fancylist.h"
+#include "playlist/openfiles.h"
 
 namespace quorvel {
 
@@ -20,27 +17,17 @@ void MainWindow::setTimeText(const QString &text)
     // Once the item plays, an item without a picture gets the audio logo.
     if (m_engine->state() == Engine::Playing)
         m_videoFrame->showLogo(!m_engine->hasVout());
-    if (m_skin->state().timeText != text) {
-        m_skin->state().timeText = text;
-        update();
-    }
+    m_surface->setTimeText(text);
 }
 
 void MainWindow::setRateText(const QString &text, bool visible)
 {
-    const QString shown = visible ? text : QString();
-    if (m_skin->state().rateText != shown) {
-        m_skin->state().rateText = shown;
-        update();
-    }
+    m_surface->setRateText(text, visible);
 }
 
 void MainWindow::setProgressPercent(int percent)
 {
-    const int before = m_skin->state().fillWidth;
-    m_skin->SetProgressPercent(qBound(0, percent, 100));
-    if (m_skin->state().fillWidth != before)
-        update();
+    m_surface->setProgressPercent(percent);
 }
 
 void MainWindow::openFiles(bool append)
@@ -51,7 +38,7 @@ void MainWindow::openFiles(bool append)
 void MainWindow::togglePlaylist()
 {
     m_listWidget->setVisible(m_listWidget->isHidden());
-    SetPlaylistPosition(m_listWidget->isHidden() ? 5 : m_settings.PlaylistPosition);
+    m_placement->SetPlaylistPosition(m_listWidget->isHidden() ? 5 : m_settings.PlaylistPosition);
 }
 
 void MainWindow::closeWindow()

@@ -57,7 +57,13 @@ QuorvelProcess::QuorvelProcess(const Sandbox &box, const QString &display) : m_p
 
 QuorvelProcess::~QuorvelProcess()
 {
-    if (isRunning()) {
+    // Ended the way a session ends a program, so it closes as it would for a
+    // user and writes what it writes on the way out (settings, and coverage
+    // counters in an instrumented build); killed only if it does not go.
+    if (!isRunning())
+        return;
+    terminate();
+    if (!m_process->waitForFinished(20000)) {
         kill();
         m_process->waitForFinished(5000);
     }
