@@ -103,7 +103,7 @@ void ResumeKeeper::leavingItem()
 {
     if (m_path.isEmpty())
         return;
-    if (m_state.CurrentFile == m_path) {
+    if (m_state.CurrentFile == m_path && m_pendingMs < 0) {
         sample(); // the latest position, unless the engine has already ended
         persist();
     }

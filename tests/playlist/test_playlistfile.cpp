@@ -1,6 +1,11 @@
 // Playlist files in both formats, and folders in natural order.
 #include "playlist/folderscan.h"
+#include "playlist/playlist.h"
 #include "playlist/playlistfile.h"
+#include "playlist/playlistkeeper.h"
+#include "support/existingfileprobe.h"
+#include "support/memorythumblist.h"
+#include "support/recordingnotifier.h"
 
 #include <QDir>
 #include <QFile>
@@ -43,4 +48,31 @@ TEST(FolderScan, NaturalOrderNumbersAsNumbersWithoutCaseOrAccents)
     EXPECT_EQ(names, (QStringList{u"ep1.mp4"_qs, u"ep2.mp4"_qs, u"Ep3.mp4"_qs, u"ep10.mp4"_qs, u"épisode 4.mp4"_qs}));
     EXPECT_EQ(NextInFolder(dir.filePath(u"Ep3.mp4"_qs), {dir.filePath(u"ep10.mp4"_qs)}),
               dir.filePath(u"épisode 4.mp4"_qs));
+}
+
+// The list of the last run comes back without the files gone since, which
+// are named in one message, and its current entry is current again.
+TEST(PlaylistKeeper, RestoresWhatIsLeftAndSaysOnceWhatIsGone)
+{
+    QTemporaryDir dir;
+    QStringList paths;
+    for (const char *name : {"a.mp4", "gone1.mp4", "b.mp4", "gone2.mp4", "c.mp4"})
+        paths << dir.filePath(QString::fromLatin1(name));
+    for (int i : {0, 2, 4})
+        QFile(paths[i]).open(QIODevice::WriteOnly);
+    ASSERT_TRUE(SavePlaylistFile(dir.filePath(u"kept.xspf"_qs), {paths, 2, 5000}));
+    test::MemoryThumbList list;
+    test::ExistingFileProbe probe;
+    test::RecordingNotifier notifier;
+    Playlist playlist(list, probe, notifier);
+    PlaylistKeeper keeper(playlist, notifier, dir.filePath(u"kept.xspf"_qs));
+    std::pair<int, qint64> restored{-2, -2};
+    QObject::connect(&keeper, &PlaylistKeeper::restored, [&](int i, qint64 ms) { restored = {i, ms}; });
+    keeper.restore();
+    playlist.waitForAdds();
+    EXPECT_EQ(playlist.fullPaths(), (QStringList{paths[0], paths[2], paths[4]}));
+    EXPECT_EQ(restored, std::pair(1, qint64(5000)));
+    EXPECT_EQ(list.selectedItem(), 1);
+    ASSERT_EQ(notifier.messages.size(), 1u);
+    EXPECT_TRUE(notifier.messages[0].text.contains(paths[1]) && notifier.messages[0].text.contains(paths[3]));
 }
