@@ -41,6 +41,7 @@ void ResumeKeeper::itemBegins(const QString &path)
     m_size = -1;
     m_pendingMs = -1;
     m_lastTimeMs = 0;
+    m_savedMs = -1;
     m_lengthMs = 0;
     m_sinceSave.restart();
     const bool hinted = std::exchange(m_hintPath, QString()) == path;
@@ -116,7 +117,8 @@ void ResumeKeeper::persist()
     m_sinceSave.restart();
     if (m_absolute.isEmpty() || m_pendingMs >= 0)
         return; // nothing to key it by, or the resume has not been applied yet
-    if (m_lengthMs > kResumeMinLengthMs) {
+    if (m_lengthMs > kResumeMinLengthMs && m_lastTimeMs != std::exchange(m_savedMs, m_lastTimeMs)) {
+        // Paused, the place stays where it is: nothing new to write.
         if (IsWorthResuming(m_lastTimeMs, m_lengthMs))
             m_store.remember(m_absolute, m_size, {m_lastTimeMs, m_lengthMs});
         else

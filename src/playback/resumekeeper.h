@@ -73,6 +73,7 @@ private:
     qint64 m_size = -1; // ... and size
     qint64 m_pendingMs = -1;
     qint64 m_lastTimeMs = 0;
+    qint64 m_savedMs = -1; // the place written last
     qint64 m_lengthMs = 0;
     QString m_hintPath;
     qint64 m_hintMs = 0;

@@ -4,6 +4,7 @@
 #include "playback/resumekeeper.h"
 #include "support/fakeengine.h"
 
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -75,6 +76,12 @@ TEST(ResumeKeeper, AnotherOrReplacedFileStartsOverAndTheStoreKeepsTheNewest)
     rig.playTo(b, 1'000, 90'000); // moving on saves a's place, b has none
     EXPECT_EQ(rig.engine.lastSetPosition, -1);
     rig.keeper.leavingItem();
+    rig.playTo(b, 30'000, 90'000);
+    rig.keeper.leavingItem();
+    rig.playTo(b, 31'000, 90'000);
+    rig.keeper.startOver(); // back to the beginning, and the place is gone
+    EXPECT_EQ(rig.engine.lastSetPosition, 0);
+    EXPECT_FALSE(rig.store.find(QFileInfo(b).absoluteFilePath(), QFileInfo(b).size()));
     rig.file(u"a.mp4"_qs, 200); // same name, another file
     rig.playTo(a, 1'000, 90'000);
     EXPECT_EQ(rig.engine.lastSetPosition, -1);
