@@ -56,12 +56,19 @@ TEST_F(ResumeTest, StopAndKillKeepThePlaceAndAnotherFileStartsOver)
     auto k = launchInstance({tone});
     ASSERT_TRUE(playedTo(*k, 1));
     keys({u"Right"_qs, u"Right"_qs, u"Right"_qs});
+    ASSERT_TRUE(waitUntil([&] {
+        const QList<qint64> saved = numbersAfter(*k, trace::kResumeSaved);
+        return !saved.isEmpty() && saved.last() >= 40'000;
+    }));
     ASSERT_TRUE(playedTo(*k, 50'000));
     k->kill();
     ASSERT_TRUE(k->waitForExit());
+    const qint64 killedAt = numbersAfter(*k, "tick state=3 time=").last();
     auto again = launchInstance({tone});
     ASSERT_TRUE(again->waitForLog(traced(trace::kResumed)).hasMatch()) << again->log().toStdString();
-    EXPECT_GE(numbersAfter(*again, trace::kResumed).last(), 40'000);
+    const qint64 resumed = numbersAfter(*again, trace::kResumed).last();
+    EXPECT_GE(resumed, 40'000);
+    EXPECT_GE(resumed, killedAt - 11'000); // saved every 10 s while playing
     again->terminate();
     ASSERT_TRUE(again->waitForExit());
 
