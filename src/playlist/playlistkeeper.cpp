@@ -127,7 +127,18 @@ bool PlaylistKeeper::openPlaylist(const QString &filePath)
                               + (doc ? QStringLiteral("It lists no files.") : error));
         return false;
     }
-    addExisting(*doc, true, [] {});
+    // Files already in the list stay where they are, without a word.
+    PlaylistDocument fresh;
+    for (const QString &path : doc->paths) {
+        if (!m_playlist.IsInPlaylist(path))
+            fresh.paths << path;
+    }
+    if (fresh.paths.isEmpty()) {
+        m_notifier.notify(MessageNotifier::Icon::Information, QStringLiteral("Every file of the playlist <") + filePath
+                                                                  + QStringLiteral("> is in your playlist already."));
+        return true;
+    }
+    addExisting(fresh, true, [] {});
     return true;
 }
 
