@@ -10,7 +10,7 @@ if [ -z "$formatter" ]; then
     echo "format.sh: clang-format is not installed (apt-get install clang-format)" >&2
     exit 2
 fi
-mapfile -t files < <(git ls-files -- src tests bench tools | grep -E '\.(cpp|cc|c|h|hpp)$')
+mapfile -t files < <(git ls-files -- src tests bench tools packaging | grep -E '\.(cpp|cc|c|h|hpp)$')
 case "${1:-}" in
     "") "$formatter" -i "${files[@]}" ;;
     --check) "$formatter" --dry-run -Werror "${files[@]}" ;;

@@ -11,6 +11,7 @@ PACKAGES=(
     libgtest-dev googletest
     xvfb xauth xdotool imagemagick fonts-dejavu-core dvdauthor
     dbus xdg-utils shared-mime-info desktop-file-utils
+    appstream dpkg-dev file # checks of the installed files, the Debian package
 )
 
 # libVLC's plugin cache: without it every start loads all plugins one by one

@@ -1,7 +1,8 @@
 // Entry of the program. `quorvel FILE...` plays the first file and adds the
 // rest (or hands them all to the running instance, which only adds them);
 // `*Add` among the files only adds; `quorvel --report FILE` prints the
-// file's media report without opening a window.
+// file's media report without opening a window. --help and --version print
+// and end without a display.
 //
 // Whether this start becomes the player or hands its files over is decided
 // before Qt connects to the display. A running instance that does not answer
@@ -25,18 +26,38 @@
 
 namespace {
 
-// Loads the player module from the program's folder and runs it.
-int runPlayer(quorvel::PlayerStart &start)
+// An entry of the player module in the program's folder; null (and
+// dlerror() says why) when it cannot be loaded.
+void *playerEntry(const char *name)
 {
     const QByteArray module = QFile::encodeName(quorvel::ExecutableFolder()) + quorvel::kPlayerModule;
     void *handle = dlopen(module.constData(), RTLD_NOW | RTLD_LOCAL);
-    const auto entry = handle ? reinterpret_cast<quorvel::PlayerMainFunction>(dlsym(handle, quorvel::kPlayerEntry))
-                              : nullptr;
+    return handle ? dlsym(handle, name) : nullptr;
+}
+
+// Loads the player module and runs it.
+int runPlayer(quorvel::PlayerStart &start)
+{
+    const auto entry = reinterpret_cast<quorvel::PlayerMainFunction>(playerEntry(quorvel::kPlayerEntry));
     if (!entry) {
         std::fprintf(stderr, "Quorvel cannot start: %s\n", dlerror());
         return 1;
     }
     return entry(start);
+}
+
+// libVLC's version is asked of the library itself, which the player module
+// links; it needs no engine instance and no display.
+int printVersions()
+{
+    std::printf("Quorvel %s\n", QUORVEL_VERSION);
+    const auto engineVersion = reinterpret_cast<quorvel::EngineVersionFunction>(
+        playerEntry(quorvel::kEngineVersionEntry));
+    if (engineVersion)
+        std::printf("libVLC %s\n", engineVersion());
+    else
+        std::fprintf(stderr, "libVLC cannot be loaded: %s\n", dlerror());
+    return engineVersion ? 0 : 1;
 }
 
 } // namespace
@@ -49,11 +70,24 @@ int main(int argc, char **argv)
     for (int i = 1; i < argc; ++i)
         arguments << QFile::decodeName(argv[i]);
 
+    const quorvel::CommandLine command = quorvel::CommandLine::parse(arguments, quorvel::CallerWorkingFolder());
     quorvel::PlayerStart start;
     start.argv = argv;
-    if (arguments.size() == 2 && arguments[0] == u"--report") {
-        start.reportFile = arguments[1];
+    switch (command.action) {
+    case quorvel::CommandLine::Action::Help:
+        std::fputs(quorvel::CommandLine::helpText().toLocal8Bit().constData(), stdout);
+        return 0;
+    case quorvel::CommandLine::Action::Version:
+        return printVersions();
+    case quorvel::CommandLine::Action::Invalid:
+        std::fprintf(stderr, "quorvel: %s\n%s", command.error.toLocal8Bit().constData(),
+                     quorvel::CommandLine::usageText().toLocal8Bit().constData());
+        return 2;
+    case quorvel::CommandLine::Action::Report:
+        start.reportFile = command.reportFile;
         return runPlayer(start);
+    case quorvel::CommandLine::Action::Play:
+        break;
     }
 
     const QByteArray platform = quorvel::QtPlatformToUse(qgetenv("QT_QPA_PLATFORM"), qgetenv("WAYLAND_DISPLAY"),
@@ -63,7 +97,6 @@ int main(int argc, char **argv)
 
     QCoreApplication::setOrganizationName(quorvel::kOrganizationName);
     QCoreApplication::setApplicationName(quorvel::kOrganizationName);
-    const quorvel::CommandLine command = quorvel::CommandLine::parse(arguments, quorvel::CallerWorkingFolder());
     quorvel::SystemInstanceChannel channel;
     quorvel::StartupNegotiator negotiator(channel, quorvel::StartupNegotiator::defaultLockPath());
     const quorvel::StartupDecision decision = negotiator.decide(

@@ -6,6 +6,7 @@
 #include "media/reportcommand.h"
 
 #include <QCoreApplication>
+#include <vlc/vlc.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -37,4 +38,9 @@ extern "C" __attribute__((visibility("default"))) int QuorvelPlayerMain(quorvel:
     window.FormLoad({start.decision.files, start.forcePlay}, std::move(receiver));
     window.show();
     return app.exec();
+}
+
+extern "C" __attribute__((visibility("default"))) const char *QuorvelEngineVersion()
+{
+    return libvlc_get_version();
 }

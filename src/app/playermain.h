@@ -21,7 +21,11 @@ struct PlayerStart {
 inline constexpr char kPlayerModule[] = "libquorvel_player.so";
 inline constexpr char kPlayerEntry[] = "QuorvelPlayerMain";
 using PlayerMainFunction = int (*)(PlayerStart &start);
+// libVLC's version text ("3.0.21 Vetinari").
+inline constexpr char kEngineVersionEntry[] = "QuorvelEngineVersion";
+using EngineVersionFunction = const char *(*)();
 
 } // namespace quorvel
 
 extern "C" int QuorvelPlayerMain(quorvel::PlayerStart &start);
+extern "C" const char *QuorvelEngineVersion();

@@ -60,20 +60,25 @@ bool FileAssociations::IsAssociated(int index) const
     return validIndex(index) && ownsDefault(MimeTypeOf(index));
 }
 
-void FileAssociations::registerHandler()
+FileAssociations::HandledTypes FileAssociations::AllHandledTypes()
 {
-    QStringList types;
-    QMap<QString, QString> extraGlobs;
+    HandledTypes handled;
     const QMimeDatabase db;
     for (int i = 0; i < kMediaExtensionCount; ++i) {
         const QString type = MimeTypeOf(i);
-        if (!types.contains(type))
-            types << type;
+        if (!handled.mimeTypes.contains(type))
+            handled.mimeTypes << type;
         const QString ext = MediaExtensions()[i];
         if (kKnownTypes.contains(ext) && db.mimeTypeForFile(u"x."_qs + ext, QMimeDatabase::MatchExtension).isDefault())
-            extraGlobs.insert(ext, type);
+            handled.extraGlobs.insert(ext, type);
     }
-    m_desktop.registerHandler(types, extraGlobs);
+    return handled;
+}
+
+void FileAssociations::registerHandler()
+{
+    const HandledTypes handled = AllHandledTypes();
+    m_desktop.registerHandler(handled.mimeTypes, handled.extraGlobs);
 }
 
 void FileAssociations::Associate(const QString &mimeType)
@@ -101,38 +106,61 @@ void FileAssociations::Unassociate(const QString &mimeType)
     qCDebug(lcApp) << "unassociated" << mimeType << "back to" << (old == kNone ? u"nothing"_qs : old);
 }
 
+// `first` is the index of the type's first extension in the table, whose
+// icon the type gets.
+void FileAssociations::showTypeIcon(int first)
+{
+    const QString type = MimeTypeOf(first);
+    m_desktop.showTypeIcon(type, MediaExtensions()[first], ownsDefault(type));
+}
+
+int FileAssociations::firstOfType(int index)
+{
+    int first = 0;
+    while (MimeTypeOf(first) != MimeTypeOf(index))
+        ++first;
+    return first;
+}
+
 void FileAssociations::RegisterExtension(int index)
 {
     if (!validIndex(index))
         return;
     registerHandler();
     Associate(MimeTypeOf(index));
+    showTypeIcon(firstOfType(index));
 }
 
 void FileAssociations::UnregisterExtension(int index)
 {
-    if (validIndex(index))
-        Unassociate(MimeTypeOf(index));
+    if (!validIndex(index))
+        return;
+    Unassociate(MimeTypeOf(index));
+    showTypeIcon(firstOfType(index));
 }
 
 void FileAssociations::ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags)
 {
     QStringList types;
+    QList<int> firsts; // of each type, its first extension
     QStringList wanted;
     for (int i = 0; i < kMediaExtensionCount; ++i) {
         const QString type = MimeTypeOf(i);
-        if (!types.contains(type))
+        if (!types.contains(type)) {
             types << type;
+            firsts << i;
+        }
         if (AssocFlags[i] != 0 && !wanted.contains(type))
             wanted << type;
     }
     if (!wanted.isEmpty())
         registerHandler();
-    for (const QString &type : types) {
-        if (wanted.contains(type))
-            Associate(type);
+    for (qsizetype t = 0; t < types.size(); ++t) {
+        if (wanted.contains(types[t]))
+            Associate(types[t]);
         else
-            Unassociate(type);
+            Unassociate(types[t]);
+        showTypeIcon(firsts[t]);
     }
 }
 

@@ -35,6 +35,10 @@ public:
     // Installs or refreshes the player's handler entry for `mimeTypes`, and
     // teaches the desktop the `extraGlobs` (extension -> type) it lacks.
     virtual void registerHandler(const QStringList &mimeTypes, const QMap<QString, QString> &extraGlobs) = 0;
+    // While the player is the default handler of `mimeType` (`shown`), files
+    // of that type show the player's icon of `extension`; otherwise they get
+    // back the icon they had.
+    virtual void showTypeIcon(const QString & /*mimeType*/, const QString & /*extension*/, bool /*shown*/) {}
 };
 
 class FileAssociations {
@@ -45,6 +49,13 @@ public:
     static QString MimeTypeOf(int index);
     // The extensions of the table that share the type of extension `index`, itself included.
     static QStringList ExtensionsSharingType(int index);
+    // Every type the player handles, once each in table order, and the
+    // extensions (-> type) the MIME database lacks.
+    struct HandledTypes {
+        QStringList mimeTypes;
+        QMap<QString, QString> extraGlobs;
+    };
+    static HandledTypes AllHandledTypes();
 
     bool IsAssociated(int index) const;
     // Both act on the extension's whole type and do nothing for an index
@@ -63,6 +74,8 @@ private:
     void registerHandler();
     void Associate(const QString &mimeType);
     void Unassociate(const QString &mimeType);
+    void showTypeIcon(int first);
+    static int firstOfType(int index);
     bool ownsDefault(const QString &mimeType) const;
 
     KeyValueStore &m_store;

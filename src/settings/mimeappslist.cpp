@@ -39,7 +39,7 @@ struct Place {
     qsizetype last = -1;  // last non-blank line of the group
 };
 
-Place find(const QList<QByteArray> &lines, const QByteArray &type)
+Place find(const QList<QByteArray> &lines, const QByteArray &type, const QByteArray &group = kGroup)
 {
     Place p;
     bool inGroup = false;
@@ -48,7 +48,7 @@ Place find(const QList<QByteArray> &lines, const QByteArray &type)
         if (isGroupHeader(line)) {
             if (inGroup)
                 break;
-            inGroup = line.trimmed() == kGroup;
+            inGroup = line.trimmed() == group;
             if (inGroup)
                 p.group = p.last = i;
             continue;
@@ -65,10 +65,10 @@ Place find(const QList<QByteArray> &lines, const QByteArray &type)
 
 } // namespace
 
-std::optional<QByteArray> defaultOf(const QByteArray &text, const QByteArray &type)
+std::optional<QByteArray> defaultOf(const QByteArray &text, const QByteArray &type, const QByteArray &group)
 {
     const QList<QByteArray> lines = linesOf(text);
-    const Place p = find(lines, type);
+    const Place p = find(lines, type, group.isEmpty() ? kGroup : group);
     if (p.entry < 0)
         return std::nullopt;
     const QByteArray &line = lines[p.entry];

@@ -11,8 +11,9 @@
 namespace quorvel::mimeapps {
 
 // The value of `type` in [Default Applications] ("a.desktop;b.desktop;" as
-// written), or nullopt when the group or the entry is missing.
-std::optional<QByteArray> defaultOf(const QByteArray &text, const QByteArray &type);
+// written), or nullopt when the group or the entry is missing. Another
+// `group` ("[MIME Cache]" of a "mimeinfo.cache") is read the same way.
+std::optional<QByteArray> defaultOf(const QByteArray &text, const QByteArray &type, const QByteArray &group = {});
 
 // `text` with `type` set to `value` in [Default Applications], or with that
 // entry removed when `value` is nullopt. A missing group is appended.

@@ -1,5 +1,6 @@
 #include "settings/xdgassociations.h"
 
+#include "common/appname.h"
 #include "common/logging.h"
 #include "settings/filestore.h"
 #include "settings/mimeappslist.h"
@@ -8,11 +9,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMimeDatabase>
 #include <QProcess>
 #include <QSaveFile>
 #include <QStandardPaths>
 
 #include <utility>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#endif
 
 namespace quorvel {
 
@@ -72,10 +79,35 @@ void runTool(const QString &tool, const QString &folder)
         qCWarning(lcApp) << tool << "failed on" << folder << process.readAllStandardError();
 }
 
+// The name the program's icon goes by in the icon theme and the desktop entry.
+const QString kProgramIcon = u"quorvel"_qs;
+
+// The size folders ("48x48", ...) of an icon theme tree.
+QStringList sizeFolders(const QString &theme)
+{
+    return QDir(theme).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+}
+
+bool isPlayersIcon(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.readAll().contains(QByteArray(kFileTypeIconMark.data()));
+}
+
+// Desktops re-read an icon theme whose folder's time changed.
+void touchFolder(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    ::utimensat(AT_FDCWD, QFile::encodeName(path).constData(), nullptr, 0);
+#else
+    Q_UNUSED(path);
+#endif
+}
+
 } // namespace
 
-XdgAssociations::XdgAssociations(QString programPath, QString iconPath, QString configHome, QString dataHome)
-    : m_programPath(std::move(programPath)), m_iconPath(std::move(iconPath)), m_configHome(std::move(configHome)),
+XdgAssociations::XdgAssociations(QString programPath, QString iconFolder, QString configHome, QString dataHome)
+    : m_programPath(std::move(programPath)), m_iconFolder(std::move(iconFolder)), m_configHome(std::move(configHome)),
       m_dataHome(std::move(dataHome))
 {
     if (m_configHome.isEmpty())
@@ -98,6 +130,43 @@ std::optional<QString> XdgAssociations::defaultHandler(const QString &mimeType) 
     if (!value)
         return std::nullopt;
     return QString::fromUtf8(*value);
+}
+
+QString XdgAssociations::currentHandler(const QString &mimeType) const
+{
+    const auto firstOf = [](const std::optional<QByteArray> &handlers) {
+        return handlers ? QString::fromUtf8(handlers->split(';').constFirst().trimmed()) : QString();
+    };
+    const auto valueIn = [&](const QString &path, const QByteArray &group = {}) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? firstOf(mimeapps::defaultOf(file.readAll(), mimeType.toUtf8(), group))
+                                              : QString();
+    };
+    // The lists in the order the desktop reads them, a desktop's own list first.
+    QStringList lists;
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower().split(u':', Qt::SkipEmptyParts);
+    const auto addLists = [&](const QString &folder) {
+        for (const QString &desktop : desktops)
+            lists << folder + u'/' + desktop + u"-mimeapps.list"_qs;
+        lists << folder + u"/mimeapps.list"_qs;
+    };
+    addLists(m_configHome);
+    for (const QString &dir : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation).mid(1))
+        addLists(dir);
+    const QStringList dataDirs = QStringList{m_dataHome}
+                                 + QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation).mid(1);
+    for (const QString &dir : dataDirs)
+        addLists(dir + u"/applications"_qs);
+    for (const QString &list : lists) {
+        if (const QString handler = valueIn(list); !handler.isEmpty())
+            return handler;
+    }
+    for (const QString &dir : dataDirs) {
+        if (const QString handler = valueIn(dir + u"/applications/mimeinfo.cache"_qs, "[MIME Cache]");
+            !handler.isEmpty())
+            return handler;
+    }
+    return {};
 }
 
 bool XdgAssociations::setDefaultHandler(const QString &mimeType, const std::optional<QString> &handler)
@@ -125,8 +194,7 @@ bool XdgAssociations::setDefaultHandler(const QString &mimeType, const std::opti
     return changed == text || writeIfChanged(path, changed);
 }
 
-QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QString &iconPath,
-                                         const QStringList &mimeTypes)
+QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QString &icon, const QStringList &mimeTypes)
 {
     const QString exec = execArgument(programPath);
     QString text = u"[Desktop Entry]\n"
@@ -136,8 +204,8 @@ QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QStri
                    "Comment=Play audio and video files\n"_qs;
     text += u"Exec="_qs + exec + u" %F\n"_qs;
     text += u"TryExec="_qs + stringValue(programPath) + u'\n';
-    if (!iconPath.isEmpty())
-        text += u"Icon="_qs + stringValue(iconPath) + u'\n';
+    if (!icon.isEmpty())
+        text += u"Icon="_qs + stringValue(icon) + u'\n';
     text += u"Terminal=false\n"
             "Categories=AudioVideo;Audio;Video;Player;\n"_qs;
     text += u"MimeType="_qs + mimeTypes.join(u';') + u";\n"_qs;
@@ -149,12 +217,57 @@ QByteArray XdgAssociations::desktopEntry(const QString &programPath, const QStri
     return text.toUtf8();
 }
 
+void XdgAssociations::installProgramIcon()
+{
+    const QString source = m_iconFolder + u"/hicolor"_qs;
+    bool changed = false;
+    for (const QString &size : sizeFolders(source)) {
+        const QString relative = u'/' + size + u"/apps/"_qs + kProgramIcon + u".png"_qs;
+        QFile icon(source + relative);
+        if (icon.open(QIODevice::ReadOnly))
+            changed = writeIfChanged(themePath() + relative, icon.readAll()) || changed;
+    }
+    if (changed)
+        touchFolder(themePath());
+}
+
+void XdgAssociations::showTypeIcon(const QString &mimeType, const QString &extension, bool shown)
+{
+    const QMimeType type = QMimeDatabase().mimeTypeForName(mimeType);
+    const QString name = (type.isValid() ? type.iconName() : QString(mimeType).replace(u'/', u'-')) + u".png"_qs;
+    const QString source = m_iconFolder + u"/hicolor/"_qs;
+    bool changed = false;
+    for (const QString &size : sizeFolders(shown ? source : themePath())) {
+        const QString target = themePath() + u'/' + size + u"/mimetypes/"_qs + name;
+        // An icon of that name that the player did not install is the user's own.
+        if (QFileInfo::exists(target) && !isPlayersIcon(target))
+            continue;
+        QFile icon(source + size + u"/mimetypes/quorvel-"_qs + extension + u".png"_qs);
+        if (shown && icon.open(QIODevice::ReadOnly))
+            changed = writeIfChanged(target, icon.readAll()) || changed;
+        else if (!shown && QFile::remove(target))
+            changed = true;
+    }
+    if (changed) {
+        touchFolder(themePath());
+        qCDebug(lcApp) << (shown ? "showing" : "removed") << "the player's icon for" << mimeType;
+    }
+}
+
 void XdgAssociations::registerHandler(const QStringList &mimeTypes, const QMap<QString, QString> &extraGlobs)
 {
-    if (writeIfChanged(desktopEntryPath(), desktopEntry(m_programPath, m_iconPath, mimeTypes)))
+    installProgramIcon();
+    if (writeIfChanged(desktopEntryPath(), desktopEntry(m_programPath, kProgramIcon, mimeTypes)))
         runTool(u"update-desktop-database"_qs, QFileInfo(desktopEntryPath()).absolutePath());
     if (extraGlobs.isEmpty())
         return;
+    const QString mimeFolder = m_dataHome + u"/mime"_qs;
+    if (writeIfChanged(mimeFolder + u"/packages/quorvel.xml"_qs, mimePackage(extraGlobs)))
+        runTool(u"update-mime-database"_qs, mimeFolder);
+}
+
+QByteArray XdgAssociations::mimePackage(const QMap<QString, QString> &extraGlobs)
+{
     QString package = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                       "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"_qs;
     for (auto glob = extraGlobs.begin(); glob != extraGlobs.end(); ++glob) {
@@ -162,15 +275,13 @@ void XdgAssociations::registerHandler(const QStringList &mimeTypes, const QMap<Q
         package += u"    <glob pattern=\"*."_qs + glob.key().toHtmlEscaped() + u"\"/>\n  </mime-type>\n"_qs;
     }
     package += u"</mime-info>\n"_qs;
-    const QString mimeFolder = m_dataHome + u"/mime"_qs;
-    if (writeIfChanged(mimeFolder + u"/packages/quorvel.xml"_qs, package.toUtf8()))
-        runTool(u"update-mime-database"_qs, mimeFolder);
+    return package.toUtf8();
 }
 
 void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &AssocFlags)
 {
     FileStore store(FileStore::defaultPath());
-    XdgAssociations desktop(QCoreApplication::applicationFilePath(), ProgramFolder() + u"images/About.png"_qs);
+    XdgAssociations desktop(QCoreApplication::applicationFilePath(), ProgramFolder() + u"icons"_qs);
     FileAssociations(store, desktop).ApplyAssociations(AssocFlags);
 }
 

@@ -8,10 +8,12 @@ using namespace quorvel;
 TEST(CommandLine, EachArgumentIsOneFileMadeAbsoluteAgainstTheCallersFolder)
 {
     const QString here = u"/home/u/films"_qs;
+    using Action = CommandLine::Action;
     struct Case {
         QStringList arguments;
         QStringList files;
         bool forcePlay;
+        Action action = Action::Play;
     };
     const Case cases[] = {
         {{}, {}, true},
@@ -29,11 +31,26 @@ TEST(CommandLine, EachArgumentIsOneFileMadeAbsoluteAgainstTheCallersFolder)
         {{u"file:///m/with%20blank%23.mp4"_qs, u"FILE:///m/x.mp4"_qs},
          {u"/m/with blank#.mp4"_qs, u"/m/x.mp4"_qs},
          true},
+        // Options start with "--"; after a lone "--" everything is a file.
+        {{u"--"_qs, u"--help"_qs, u"-v"_qs, u"--"_qs},
+         {here + u"/--help"_qs, here + u"/-v"_qs, here + u"/--"_qs},
+         true},
+        {{u"a.mp4"_qs, u"--help"_qs, u"--version"_qs}, {here + u"/a.mp4"_qs}, true, Action::Help},
+        {{u"--version"_qs, u"*Add"_qs}, {}, false, Action::Version},
+        {{u"--report"_qs, u"--x.mp4"_qs}, {}, true, Action::Report},
+        {{u"--help"_qs, u"--vesion"_qs}, {}, true, Action::Invalid},
+        {{u"--report"_qs}, {}, true, Action::Invalid},
+        {{u"--report"_qs, u"a.mp4"_qs, u"b.mp4"_qs}, {here + u"/b.mp4"_qs}, true, Action::Invalid},
     };
     for (const Case &c : cases) {
         const CommandLine parsed = CommandLine::parse(c.arguments, here);
         EXPECT_EQ(parsed.files, c.files) << c.arguments.join(u'|').toStdString();
         EXPECT_EQ(parsed.forcePlay, c.forcePlay) << c.arguments.join(u'|').toStdString();
+        EXPECT_EQ(parsed.action, c.action) << c.arguments.join(u'|').toStdString();
+        EXPECT_EQ(parsed.error.isEmpty(), c.action != Action::Invalid);
+        if (c.action == Action::Report) {
+            EXPECT_EQ(parsed.reportFile, c.arguments[1]); // as given
+        }
         // The hand-off carries the list whole, character for character.
         EXPECT_EQ(CommandLine::filesOf(parsed.handOffText()), c.files);
     }

@@ -1,5 +1,6 @@
 // File associations with the real program on a fresh home: the mkv flag of
-// "Config.cfg" decides at start-up which handler the desktop names.
+// "Config.cfg" decides at start-up which handler the desktop names and which
+// icon it shows for the type.
 #include "e2efixture.h"
 
 using namespace quorvel::test;
@@ -45,6 +46,10 @@ TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBa
     int valid = -1;
     EXPECT_EQ(runTool(m_box, u"desktop-file-validate"_qs, {apps + u"quorvel.desktop"_qs}, &valid), QString());
     EXPECT_EQ(valid, 0);
+    // The desktop shows the player's icons: its own, and the type's while associated.
+    const QString icons = m_box.homeDir() + u"/.local/share/icons/hicolor/48x48/"_qs;
+    EXPECT_TRUE(QFile::exists(icons + u"apps/quorvel.png"_qs));
+    EXPECT_TRUE(QFile::exists(icons + u"mimetypes/video-x-matroska.png"_qs));
 
     // Another handler is the user's choice; the player replaces it and gives it back.
     writeFile(apps + u"other.desktop"_qs, "[Desktop Entry]\nType=Application\nName=Other\nExec=/bin/true %F\n");
@@ -58,6 +63,7 @@ TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBa
     EXPECT_EQ(mkvDefault(), u"quorvel.desktop"_qs);
     startWithMkvFlag(" 0 ");
     EXPECT_EQ(mkvDefault(), u"other.desktop"_qs);
+    EXPECT_FALSE(QFile::exists(icons + u"mimetypes/video-x-matroska.png"_qs));
     QFile after(list);
     ASSERT_TRUE(after.open(QIODevice::ReadOnly));
     EXPECT_EQ(after.readAll(), before);

@@ -1,3 +1,4 @@
+#include "common/appname.h"
 #include "settings/associations.h"
 #include "settings/filestore.h"
 #include "settings/mimeappslist.h"
@@ -23,7 +24,7 @@ struct Tree {
     auto with(F &&f) const
     {
         FileStore store(dir.filePath(u"registry.json"_qs));
-        XdgAssociations desktop(u"/opt/My Player/quorvel"_qs, u"/opt/icon.png"_qs, dir.filePath(u"config"_qs),
+        XdgAssociations desktop(u"/opt/My Player/quorvel"_qs, dir.filePath(u"icons"_qs), dir.filePath(u"config"_qs),
                                 dir.filePath(u"data"_qs));
         FileAssociations a(store, desktop);
         return f(a);
@@ -44,12 +45,18 @@ struct Tree {
         QFile f(list());
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<none>");
     }
-    void write(const QByteArray &text) const
+    void write(const QByteArray &text, const QString &path = {}) const
     {
-        QDir().mkpath(dir.filePath(u"config"_qs));
-        QFile f(list());
+        const QString file = path.isEmpty() ? list() : dir.filePath(path);
+        QDir().mkpath(QFileInfo(file).path());
+        QFile f(file);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(text);
+    }
+    QByteArray read(const QString &path) const
+    {
+        QFile f(dir.filePath(path));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<none>");
     }
 };
 
@@ -100,15 +107,28 @@ TEST(FileAssociations, SharedTypesDesktopEntryAndDefaultsTheStoreDidNotSave)
     EXPECT_EQ(FileAssociations::ExtensionsSharingType(kMpe), QStringList({u"mpg"_qs, u"mpe"_qs, u"mpeg"_qs}));
     EXPECT_EQ(FileAssociations::MimeTypeOf(15), u"video/quicktime"_qs); // "hdmov"
     Tree t;
-    t.apply({kMpe}); // one flag associates the type for all its extensions
+    const QByteArray ours = "icon " + QByteArray(kFileTypeIconMark.data());
+    for (const char *icon : {"apps/quorvel", "mimetypes/quorvel-mpg", "mimetypes/quorvel-mkv"})
+        t.write(ours + icon, u"icons/hicolor/48x48/"_qs + QLatin1StringView(icon) + u".png"_qs);
+    const QString theme = u"data/icons/hicolor/48x48/"_qs;
+    t.write("mine", theme + u"mimetypes/video-x-matroska.png"_qs);
+    t.apply({kMpe, kMkv}); // one flag associates the type for all its extensions
     for (int i : {kMpg, kMpe, kMpeg})
         EXPECT_TRUE(t.associated(i)) << i;
+    // The player's icons join the user's theme; the user's own icon stays.
+    EXPECT_EQ(t.read(theme + u"apps/quorvel.png"_qs), ours + "apps/quorvel");
+    EXPECT_EQ(t.read(theme + u"mimetypes/video-mpeg.png"_qs), ours + "mimetypes/quorvel-mpg");
+    EXPECT_EQ(t.read(theme + u"mimetypes/video-x-matroska.png"_qs), "mine");
     // The desktop entry quotes a program path with blanks and passes the add-only marker.
     QFile f(t.dir.filePath(u"data/applications/quorvel.desktop"_qs));
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QByteArray entry = f.readAll();
     EXPECT_TRUE(entry.contains("\nExec=\"/opt/My Player/quorvel\" %F\n")) << entry.toStdString();
     EXPECT_TRUE(entry.contains("\nExec=\"/opt/My Player/quorvel\" \"*Add\" %F\n")) << entry.toStdString();
+    EXPECT_TRUE(entry.contains("\nIcon=quorvel\n")) << entry.toStdString();
+    t.apply({});
+    EXPECT_EQ(t.read(theme + u"mimetypes/video-mpeg.png"_qs), "<none>");
+    EXPECT_EQ(t.read(theme + u"mimetypes/video-x-matroska.png"_qs), "mine");
 
     // Left alone: another program took the type since, the user chose the
     // player elsewhere, or the index is outside the table.
@@ -146,6 +166,31 @@ TEST(FileAssociations, ProtectedOrDamagedListIsLeftExactlyAsItWas)
         EXPECT_EQ(t.read(), c.text);
         EXPECT_FALSE(t.associated(kMkv));
     }
+}
+
+TEST(FileAssociations, CurrentHandlerIsTheUsersThenTheSystemsThenTheFirstThatTakesTheType)
+{
+    Tree t;
+    t.write("[Default Applications]\nvideo/x-matroska=user.desktop;x.desktop;\n");
+    t.write("[Default Applications]\nvideo/x-matroska=sys.desktop\nvideo/mp4=sys.desktop\n",
+            u"sysdata/applications/mimeapps.list"_qs);
+    t.write("[Default Applications]\nvideo/mp4=gnome.desktop\n", u"sysconfig/gnome-mimeapps.list"_qs);
+    t.write("[MIME Cache]\naudio/mpeg=a.desktop;b.desktop;\nvideo/mp4=c.desktop;\n",
+            u"data/applications/mimeinfo.cache"_qs);
+    const QByteArray saved[] = {qgetenv("XDG_CONFIG_DIRS"), qgetenv("XDG_DATA_DIRS"), qgetenv("XDG_CURRENT_DESKTOP")};
+    qputenv("XDG_CONFIG_DIRS", t.dir.filePath(u"sysconfig"_qs).toUtf8());
+    qputenv("XDG_DATA_DIRS", t.dir.filePath(u"sysdata"_qs).toUtf8());
+    qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
+    const XdgAssociations desktop({}, {}, t.dir.filePath(u"config"_qs), t.dir.filePath(u"data"_qs));
+    const std::pair<QString, QString> cases[] = {{u"video/x-matroska"_qs, u"user.desktop"_qs},
+                                                 {u"video/mp4"_qs, u"gnome.desktop"_qs},
+                                                 {u"audio/mpeg"_qs, u"a.desktop"_qs},
+                                                 {u"audio/x-wav"_qs, QString()}};
+    for (const auto &[type, handler] : cases)
+        EXPECT_EQ(desktop.currentHandler(type), handler) << type.toStdString();
+    qputenv("XDG_CONFIG_DIRS", saved[0]);
+    qputenv("XDG_DATA_DIRS", saved[1]);
+    qputenv("XDG_CURRENT_DESKTOP", saved[2]);
 }
 
 } // namespace

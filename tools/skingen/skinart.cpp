@@ -810,6 +810,11 @@ QImage MenuButtonPicture()
 
 } // namespace
 
+QImage ProgramIcon(int size)
+{
+    return AppIcon(size);
+}
+
 std::vector<SkinFile> DrawSkin()
 {
     std::vector<SkinFile> out;

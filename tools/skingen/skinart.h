@@ -19,6 +19,9 @@ struct SkinFile {
 // folders, and the seek bar background.
 std::vector<SkinFile> DrawSkin();
 
+// The program's icon ("About.png" at 24 x 24) at any size.
+QImage ProgramIcon(int size);
+
 // A sheet of all pictures at the given zoom, labelled, for reviewing them.
 QImage ContactSheet(const std::vector<SkinFile> &files, int zoom);
 
