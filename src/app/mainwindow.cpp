@@ -3,6 +3,7 @@
 #include "app/instance.h"
 #include "app/panesplitter.h"
 #include "app/playlistplacement.h"
+#include "app/sessionkeeper.h"
 #include "app/skinsurface.h"
 #include "app/unixsignals.h"
 #include "app/videoframe.h"
@@ -107,14 +108,14 @@ void MainWindow::connectParts()
     connect(m_listWidget, &FancyList::Click, this, [this] { onListClicked(m_listWidget->SelectedItem()); });
     connect(m_listWidget, &FancyList::DblClick, this, [this] { onListDoubleClicked(m_listWidget->SelectedItem()); });
     connect(m_listWidget, &FancyList::OLEDragDrop, this,
-            [this](const QStringList &files) { m_playlist->addFiles(SupportedPaths(files), false); });
+            [this](const QStringList &files) { m_playlist->addFiles(m_session->droppedFiles(files), false); });
     connect(m_listWidget, &FancyList::MouseDown, this,
             [this](Qt::MouseButton button, Qt::KeyboardModifiers, int x, int y) {
                 if (button == Qt::RightButton)
                     m_menus->popup(QStringLiteral("mnuPlayListmenu"), m_listWidget->mapToGlobal(QPoint(x, y)));
             });
     connect(m_videoFrame, &VideoFrame::filesDropped, this,
-            [this](const QStringList &paths) { m_playlist->addFiles(SupportedPaths(paths), true); });
+            [this](const QStringList &paths) { m_playlist->addFiles(m_session->droppedFiles(paths), true); });
     connect(m_videoFrame, &VideoFrame::doubleClicked, this, [this] { enterFullScreen(false); });
     connect(m_videoFrame, &VideoFrame::rightClicked, this,
             [this](QPoint pos) { m_menus->popup(QStringLiteral("mnuPlayBackMenu"), m_videoFrame->mapToGlobal(pos)); });
@@ -220,6 +221,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
         m_transport->rewindTimer().stop();
     }
     WriteConfigurations();
+    if (m_session)
+        m_session->windowClosing();
     emit closing();
     // Release the engine before the process ends, so audio and video
     // outputs close cleanly.

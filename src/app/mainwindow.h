@@ -45,6 +45,7 @@ class Player;
 class Playlist;
 class PlaylistPlacement;
 class RunningMarker;
+class SessionKeeper;
 class SkinSurface;
 class UnixSignalWatcher;
 class VideoFrame;
@@ -173,6 +174,7 @@ private:
     std::unique_ptr<KeyValueStore> m_store;
     std::unique_ptr<RecentHistory> m_history;
     std::unique_ptr<WindowDvd> m_dvd;
+    std::unique_ptr<SessionKeeper> m_session; // positions, the kept playlist, folders
 };
 
 } // namespace quorvel

@@ -7,6 +7,7 @@
 #include "app/desktopbus.h"
 #include "app/handoffserver.h"
 #include "app/playlistplacement.h"
+#include "app/sessionkeeper.h"
 #include "app/skinsurface.h"
 #include "app/videoframe.h"
 #include "app/windowdvd.h"
@@ -63,6 +64,8 @@ void MainWindow::FormLoad(const CommandLine &command, std::unique_ptr<HandoffSer
     // first one plays unless the add-only marker was given.
     // A DVD folder or image replaces the playlist and plays; the other files
     // join it after the DVD's row.
+    if (command.files.isEmpty())
+        m_session->restorePlaylist();
     const QStringList files = m_dvd->playDvdAmong(command.files);
     bool first = files.size() == command.files.size();
     for (const QString &path : files) {
@@ -121,6 +124,9 @@ void MainWindow::InitPlayer()
             m_playlist->LoadThumb(title, file, fullScreen, forcePlay);
         });
     connectParts();
+    m_session = std::make_unique<SessionKeeper>(SessionKeeper::Parts{this, m_videoFrame, menu(), classicMenu(),
+                                                                     *m_engine, m_playback, *m_player, *m_transport,
+                                                                     *m_playlist, m_notifier});
     m_player->createEngine();
 }
 

@@ -31,5 +31,9 @@ inline constexpr char kFirstPaint[] = "first paint monotonic="; // <ms>
 inline constexpr char kClosed[] = "closed";
 inline constexpr char kDialogShown[] = "dialog shown:";   // dialog shown: <caption>
 inline constexpr char kDialogClosed[] = "dialog closed:"; // dialog closed: <caption> <result>
+inline constexpr char kResumeSaved[] = "resume saved at";         // resume saved at <ms> "<path>"
+inline constexpr char kResumed[] = "resumed at";                  // resumed at <ms> "<path>", asked=<0|1>
+inline constexpr char kPlaylistSaved[] = "playlist saved:";       // <n> entries
+inline constexpr char kPlaylistRestored[] = "playlist restored:"; // <n> entries, current <i>
 
 } // namespace quorvel::trace

@@ -31,6 +31,10 @@ void BuildClassicMenu(MenuModel &m)
                   QStringLiteral("<No History>"), {}, false, false);
     separator("mnuFileMenu");
     add("mnuFileMenu", "mnuExit", K::Command, QStringLiteral("E&xit"));
+    separator("mnuFileMenu");
+    add("mnuFileMenu", "mnuOpenFolder", K::Command, QStringLiteral("Open folder..."));
+    add("mnuFileMenu", "mnuOpenPlaylist", K::Command, QStringLiteral("Open playlist..."));
+    add("mnuFileMenu", "mnuSavePlaylistAs", K::Command, QStringLiteral("Save playlist as..."));
 
     add("", "mnuPlayBackMenu", K::Command, QStringLiteral("&Play"));
     add("mnuPlayBackMenu", "mnuplay", K::Command, QStringLiteral("Play/Pause"), ctrl(Qt::Key_P));
@@ -67,6 +71,7 @@ void BuildClassicMenu(MenuModel &m)
 
     add("", "mnuToolsMenu", K::Command, QStringLiteral("&Tools"));
     add("mnuToolsMenu", "mnuSettings", K::Command, QStringLiteral("&Options..."));
+    add("mnuToolsMenu", "mnuPlaybackPreferences", K::Command, QStringLiteral("Playback preferences..."));
     add("", "mnuHelpMenu", K::Command, QStringLiteral("&Help"));
     add("mnuHelpMenu", "mnuAbout", K::Command, QStringLiteral("&About"));
     add("mnuHelpMenu", "mnuHelp", K::Command, QStringLiteral("Help Topics"), QKeySequence(Qt::Key_F1));

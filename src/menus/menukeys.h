@@ -47,6 +47,11 @@ inline constexpr QLatin1StringView Options("Options");
 inline constexpr QLatin1StringView Help("Help");
 inline constexpr QLatin1StringView About("About");
 inline constexpr QLatin1StringView HelpTopics("HelpTopics");
+// Entries the program adds after the standard ones of their branch.
+inline constexpr QLatin1StringView OpenFolder("OpenFolder");
+inline constexpr QLatin1StringView OpenPlaylist("OpenPlaylist");
+inline constexpr QLatin1StringView SavePlaylistAs("SavePlaylistAs");
+inline constexpr QLatin1StringView PlaybackPreferences("PlaybackPreferences");
 
 // The drive entries under "Open DVD" ("DVDList0" ... "DVDList5") and the
 // recent files under "Recently Played Files" ("History0" ... "History10").

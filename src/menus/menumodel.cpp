@@ -121,6 +121,11 @@ void BuildMenu(MenuModel &m)
         m.AddMenuItem(menukey::RecentMenu, menukey::History(i), K::Command, QString(), {}, false, true, false);
     m.AddMenuItem(menukey::File, {}, K::Separator, {});
     m.AddMenuItem(menukey::File, menukey::Exit, K::Command, QStringLiteral("E&xit"), ctrl(Qt::Key_X));
+    // Folders and playlist files.
+    m.AddMenuItem(menukey::File, {}, K::Separator, {});
+    m.AddMenuItem(menukey::File, menukey::OpenFolder, K::Command, QStringLiteral("Open folder..."));
+    m.AddMenuItem(menukey::File, menukey::OpenPlaylist, K::Command, QStringLiteral("Open playlist..."));
+    m.AddMenuItem(menukey::File, menukey::SavePlaylistAs, K::Command, QStringLiteral("Save playlist as..."));
 
     m.AddMenuItem({}, menukey::Play, K::Command, QStringLiteral("&Play"));
     m.AddMenuItem(menukey::Play, menukey::PlayPause, K::Command, QStringLiteral("Play/Pause"), ctrl(Qt::Key_P));
@@ -161,6 +166,7 @@ void BuildMenu(MenuModel &m)
 
     m.AddMenuItem({}, menukey::Tools, K::Command, QStringLiteral("&Tools"));
     m.AddMenuItem(menukey::Tools, menukey::Options, K::Command, QStringLiteral("Options"));
+    m.AddMenuItem(menukey::Tools, menukey::PlaybackPreferences, K::Command, QStringLiteral("Playback preferences..."));
     m.AddMenuItem({}, menukey::Help, K::Command, QStringLiteral("&Help"));
     m.AddMenuItem(menukey::Help, menukey::About, K::Command, QStringLiteral("&About"));
     m.AddMenuItem(menukey::Help, menukey::HelpTopics, K::Command, QStringLiteral("&Help Topics"),

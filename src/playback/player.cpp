@@ -94,6 +94,27 @@ void Player::itemUnopenable()
                    m_startedBy);
 }
 
+bool Player::CueItem(int index)
+{
+    const QString path = m_playlist.fullPath(index);
+    if (index < 0 || index >= m_playlist.count() || (!IsEngineLocation(path) && !QFileInfo::exists(path)))
+        return false;
+    if (m_engine.hasControl())
+        emit leavingItem();
+    destroyEngine();
+    createEngine();
+    m_state.CurrentFile = path;
+    if (m_state.VLCOptions.size() <= kSnapshotPathOptionIndex)
+        SaveVLCOptions();
+    m_state.VLCOptions[kSnapshotPathOptionIndex] = SnapshotPathOption(m_settings.SnapshotFolder, path);
+    m_engine.playlistAdd(path, QString(), m_state.VLCOptions);
+    if (!m_engine.failure().isEmpty())
+        return false;
+    qCDebug(lcPlayback) << "cued" << path;
+    refreshCaption();
+    return true;
+}
+
 StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
 {
     if (index < 0 || index >= m_playlist.list().count() || index >= m_playlist.count())
@@ -108,6 +129,8 @@ StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
         return StartResult::FileMissing;
     }
     m_startedBy = by;
+    if (m_engine.hasControl())
+        emit leavingItem();
     destroyEngine();
     createEngine();
     m_state.CurrentFile = path;
@@ -126,6 +149,7 @@ StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
         return StartResult::EngineFailed;
     }
     m_engine.play();
+    emit itemBegins(m_state.CurrentFile);
     qCDebug(lcPlayback) << trace::kStarted << m_state.CurrentFile << "monotonic=" << MonotonicMs();
 
     if (rebuildCaption())

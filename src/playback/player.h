@@ -44,6 +44,10 @@ public:
     // Starts entry `index`; does nothing when it is outside the playlist or
     // its file has been deleted since it was added.
     StartResult PlayItem(int index, bool fullScreen, StartedBy by = StartedBy::User);
+    // Loads entry `index` into a fresh engine control without starting it,
+    // so that Play starts it (the current entry of a list kept from the last
+    // run). The state stays "stopped"; false when it cannot be loaded.
+    bool CueItem(int index);
     // The current item is started again (Play on a stopped item).
     void restartedByUser();
     // The monitor saw the current item play: a later failure of its file is news.
@@ -67,6 +71,11 @@ public:
             emit captionChanged(m_state.CaptionText);
     }
 
+    // The current item is stopped or left for another: its place can be kept.
+    void leaveItem() { emit leavingItem(); }
+    // The stopped current item starts again from its beginning.
+    void beginAgain() { emit itemBegins(m_state.CurrentFile); }
+
     Engine &engine() { return m_engine; }
     PlaybackState &state() { return m_state; }
 
@@ -76,6 +85,10 @@ signals:
     void controlsChanged(MediaAction action);
     // An entry started: for the recent-file history.
     void itemStarted(const QString &path, const QString &title);
+    // The engine is about to stop or drop the current item.
+    void leavingItem();
+    // The engine starts `path` from its beginning.
+    void itemBegins(const QString &path);
 
 private:
     void tell(const QString &text);

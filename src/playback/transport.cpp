@@ -57,15 +57,21 @@ void Transport::play()
         finishStopNow(); // play after a stop starts the stopped item again
     // An engine that could not start has nothing to resume: the start below
     // keeps the stopped state.
-    if (m_state.IsHalted && m_engine.failure().isEmpty()) {
-        m_engine.play(); // resume, or the stopped item from its start
-        m_player.restartedByUser();
-        m_player.enableMediaControl(MediaAction::Playing);
-        return;
-    }
+    if (m_state.IsHalted && m_engine.failure().isEmpty())
+        return resumeHalted();
     const int selected = m_playlist.list().selectedItem();
     m_sequence.setCursor(selected);
     m_player.PlayItem(selected, false);
+}
+
+void Transport::resumeHalted()
+{
+    const bool fromStart = m_state.IsStopped;
+    m_engine.play(); // resume, or the stopped item from its start
+    m_player.restartedByUser();
+    m_player.enableMediaControl(MediaAction::Playing);
+    if (fromStart)
+        m_player.beginAgain();
 }
 
 void Transport::pause()
@@ -76,6 +82,9 @@ void Transport::pause()
         return; // nothing can play
     if (m_stopping)
         finishStopNow(); // the engine has stopped: the toggle resumes
+    // A stopped item starts again as Play starts it, so its place comes back.
+    if (m_state.IsStopped)
+        return resumeHalted();
     const bool halt = !m_state.IsHalted;
     m_engine.togglePause();
     m_player.enableMediaControl(halt ? MediaAction::Paused : MediaAction::Playing);
@@ -88,6 +97,7 @@ void Transport::stop(std::function<void()> then)
             then();
         return;
     }
+    m_player.leaveItem();
     m_engine.stop();
     m_state.IsStopped = true;
     m_view.setProgressPercent(0);
@@ -370,6 +380,13 @@ void Transport::monitorTick()
     if (!m_state.IsHalted)
         m_view.enableDvdCheck();
     if (!m_state.isEnded())
+        return;
+    // The last item of the list ended: something beyond the list may follow.
+    const bool lastEnded = m_settings.PlayMode == PlayNormal
+                               ? m_playlist.fullPaths().value(m_playlist.count() - 1) == m_state.CurrentFile
+                               : m_sequence.cursor() == m_sequence.count() - 1;
+    if (m_listEnded && lastEnded && m_settings.RepeatMode != RepeatSingleItem && m_engine.itemCount() > 0
+        && m_listEnded())
         return;
     runEndOfItem(DecideEndOfItem(m_settings.PlayMode, m_settings.RepeatMode, m_sequence, m_engine.itemCount(),
                                  m_state.CurrentFile));

@@ -82,6 +82,10 @@ public:
     // Rebuilds the order after the playlist changed.
     void rebuildOrder();
 
+    // Asked when the last item of the list has ended, before the repeat
+    // and after-play rules: true when it started something beyond the list.
+    void setListEndedHandler(std::function<bool()> handler) { m_listEnded = std::move(handler); }
+
     void DoAfter(int toDo);
     void DoAfterFinishPlay();
     int afterPlayAction() const { return m_afterPlay; }
@@ -106,6 +110,7 @@ signals:
 
 private:
     StartResult playEntry(int index);
+    void resumeHalted();
     void step(bool forward);
     void runEndOfItem(EndOfItem next);
     void settleStop();
@@ -125,6 +130,7 @@ private:
     QTimer m_rewindTimer;
     QTimer m_settleTimer;
     std::function<void()> m_afterStop;
+    std::function<bool()> m_listEnded;
     int m_rewindStep = -1;
     int m_afterPlay = AfterDoNothing;
     bool m_stopping = false;

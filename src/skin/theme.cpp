@@ -94,4 +94,29 @@ QFrame#positionPad { border: 1px dashed #3d4754; border-radius: 3px; background:
 )") + QString::fromLatin1(kScrollBar);
 }
 
+QString overlayStyleSheet()
+{
+    return QStringLiteral(R"(
+QFrame#resumePrompt { background: rgba(27, 32, 39, 230); border: 1px solid #3d4754; border-radius: 4px; }
+QPushButton { background: #2d333b; color: #e6edf3; border: 1px solid #3d4754; border-radius: 3px; padding: 3px 8px; }
+QPushButton:hover { background: #3d4754; }
+QPushButton:default, QPushButton:focus { border-color: #4c9dff; }
+)");
+}
+
+QString preferencesStyleSheet()
+{
+    return reportStyleSheet() + QStringLiteral(R"(
+QGroupBox { color: #59b4ff; font-weight: bold; border: 1px solid #3d4754; border-radius: 3px;
+            margin-top: 10px; padding: 8px 6px 4px 6px; }
+QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
+QRadioButton, QCheckBox { color: #e6edf3; spacing: 6px; }
+QRadioButton:disabled, QCheckBox:disabled { color: #7d8792; }
+QRadioButton::indicator, QCheckBox::indicator { width: 11px; height: 11px; border: 1px solid #7d8792;
+                                                background: #161b22; }
+QRadioButton::indicator { border-radius: 6px; }
+QRadioButton::indicator:checked, QCheckBox::indicator:checked { background: #4c9dff; border-color: #9ccaff; }
+)");
+}
+
 } // namespace quorvel::theme

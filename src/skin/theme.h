@@ -21,5 +21,9 @@ QString reportStyleSheet();
 // The controls of the skinned dialogs, lying on the skin's dark background.
 QString dialogStyleSheet();
 QPalette dialogPalette(QPalette base);
+// The small panel over the video that offers to start a resumed file over.
+QString overlayStyleSheet();
+// Small settings dialogs: the dark frame with light text, check boxes and radio buttons.
+QString preferencesStyleSheet();
 
 } // namespace quorvel::theme

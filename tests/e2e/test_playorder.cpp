@@ -79,6 +79,7 @@ TEST_F(PlayOrderTest, NoRepeatExitsWhenAskedAndTheHistoryPlaysAgainAfterRestart)
     // File > Recently Played Files > the second entry.
     auto again = launchInstance({});
     ASSERT_TRUE(again->waitForLog(traced(trace::kHistoryLoaded, u" 3 entries"_qs)).hasMatch());
+    ASSERT_TRUE(again->waitForLog(traced(trace::kPlaylistRestored, u" 3 entries"_qs)).hasMatch()); // the last list
     keys({u"alt+f"_qs, u"Down"_qs, u"Right"_qs, u"Down"_qs, u"Return"_qs});
     ASSERT_TRUE(again->waitForLog(traced(trace::kStarted, u" \"[^\"]*two, #2.mp4\""_qs)).hasMatch())
         << again->log().toStdString();

@@ -36,12 +36,13 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
         bool stops;
         QStringList power;
         int closes;
+        int beyond; // times the end of the list asked for more
     } cases[] = {
-        {"continuous, repeat all", &T::PBContinuous, &T::RepeatAll, AfterExit, 0, 4, {0, 1, 2, 0, 1}, false, {}, 0},
-        {"continuous, no repeat", &T::PBContinuous, &T::RepeatNone, AfterExit, 0, 3, {0, 1, 2}, true, {}, 1},
-        {"single", &T::PBContinuous, &T::RepeatSingle, AfterExit, 1, 1, {1}, false, {}, 0},
-        {"normal", &T::PBNormal, &T::RepeatAll, AfterShutdown, 0, 1, {0}, true, {u"powerOff"_qs}, 0},
-        {"shuffle", &T::PBShuffle, &T::RepeatNone, AfterDoNothing, 0, 3, {0, 1, 2}, true, {}, 0},
+        {"continuous, repeat all", &T::PBContinuous, &T::RepeatAll, AfterExit, 0, 4, {0, 1, 2, 0, 1}, false, {}, 0, 1},
+        {"continuous, no repeat", &T::PBContinuous, &T::RepeatNone, AfterExit, 0, 3, {0, 1, 2}, true, {}, 1, 1},
+        {"single", &T::PBContinuous, &T::RepeatSingle, AfterExit, 1, 1, {1}, false, {}, 0, 0},
+        {"normal", &T::PBNormal, &T::RepeatAll, AfterShutdown, 0, 1, {0}, true, {u"powerOff"_qs}, 0, 0},
+        {"shuffle", &T::PBShuffle, &T::RepeatNone, AfterDoNothing, 0, 3, {0, 1, 2}, true, {}, 0, 1},
     };
     for (const auto &c : cases) {
         TransportFixture f;
@@ -49,6 +50,8 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
         (f.transport.*c.mode)();
         (f.transport.*c.repeat)();
         f.transport.DoAfter(c.after);
+        int asked = 0;
+        f.transport.setListEndedHandler([&] { return ++asked < 0; });
         f.list.setSelectedItem(c.start);
         f.transport.sequence().setCursor(c.start);
         f.player.PlayItem(f.transport.sequence().indexAt(c.start), false);
@@ -67,6 +70,7 @@ TEST(Transport, PlayModesRepeatModesAndTheAfterPlayAction)
         EXPECT_EQ(f.state.IsStopped && f.state.IsHalted && !f.state.MediaLoaded, c.stops) << c.name;
         EXPECT_EQ(f.power.requests, c.power) << c.name;
         EXPECT_EQ(f.view.closes, c.closes) << c.name;
+        EXPECT_EQ(asked, c.beyond) << c.name;
         if (!c.stops) {
             EXPECT_TRUE(f.state.MediaLoaded && f.playingIndex() == played.last()) << c.name;
         }

@@ -1,4 +1,5 @@
 #include "settings/filestore.h"
+#include "settings/playbackprefs.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -77,3 +78,25 @@ TEST(FileStore, DamagedFileReadsAsEmptyAndIsRewritten)
 }
 
 } // namespace
+
+// The preferences beside "Config.cfg": every choice comes back as written,
+// and a value nobody can read leaves the rest alone.
+TEST(PlaybackPrefs, ChoicesRoundTripAndAnUnreadableValueKeepsTheOthers)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"quorvel.conf"_qs);
+    for (ResumeMode mode : {ResumeMode::Always, ResumeMode::Never, ResumeMode::Ask}) {
+        const PlaybackPrefs prefs{mode, mode != ResumeMode::Never, mode != ResumeMode::Always};
+        ASSERT_TRUE(SavePlaybackPrefs(path, prefs));
+        EXPECT_EQ(LoadPlaybackPrefs(path), prefs) << int(mode);
+    }
+    ASSERT_TRUE(SavePlaybackPrefs(path, {ResumeMode::Never, true, true}));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QByteArray text = file.readAll().replace("Resume=never", "Resume=sometimes");
+    file.resize(0);
+    file.seek(0);
+    file.write(text);
+    file.close();
+    EXPECT_EQ(LoadPlaybackPrefs(path), (PlaybackPrefs{PlaybackPrefs().resume, true, true}));
+}
