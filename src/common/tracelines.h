@@ -29,8 +29,8 @@ inline constexpr char kHistoryLoaded[] = "history loaded:";
 inline constexpr char kHistoryAdded[] = "history added";
 inline constexpr char kFirstPaint[] = "first paint monotonic="; // <ms>
 inline constexpr char kClosed[] = "closed";
-inline constexpr char kDialogShown[] = "dialog shown:";   // dialog shown: <caption>
-inline constexpr char kDialogClosed[] = "dialog closed:"; // dialog closed: <caption> <result>
+inline constexpr char kDialogShown[] = "dialog shown:";           // dialog shown: <caption>
+inline constexpr char kDialogClosed[] = "dialog closed:";         // dialog closed: <caption> <result>
 inline constexpr char kResumeSaved[] = "resume saved at";         // resume saved at <ms> "<path>"
 inline constexpr char kResumed[] = "resumed at";                  // resumed at <ms> "<path>", asked=<0|1>
 inline constexpr char kPlaylistSaved[] = "playlist saved:";       // <n> entries
