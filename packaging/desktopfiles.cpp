@@ -4,17 +4,15 @@
 //                                  write, for the `quorvel` on the PATH
 //   mime/packages/quorvel.xml      the extensions the MIME database lacks
 //                                  (only when it lacks any)
-//   icons/hicolor/NxN/apps/quorvel.png  the program's icon, drawn at each size
 //
 //   desktopfiles SHARE_FOLDER
 #include "settings/associations.h"
 #include "settings/xdgassociations.h"
-#include "skinart.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
 
 #include <cstdio>
 
@@ -34,9 +32,7 @@ bool write(const QString &path, const QByteArray &content)
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
+    QCoreApplication app(argc, argv);
     if (argc != 2) {
         std::fprintf(stderr, "usage: desktopfiles SHARE_FOLDER\n");
         return 2;
@@ -50,13 +46,5 @@ int main(int argc, char **argv)
     if (!handled.extraGlobs.isEmpty())
         ok = write(share + u"/mime/packages/quorvel.xml"_qs, quorvel::XdgAssociations::mimePackage(handled.extraGlobs))
              && ok;
-    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
-        const QString path = share + QStringLiteral("/icons/hicolor/%1x%1/apps/quorvel.png").arg(size);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        if (!quorvel::skingen::ProgramIcon(size).save(path, "PNG")) {
-            std::fprintf(stderr, "desktopfiles: cannot write %s\n", qPrintable(path));
-            ok = false;
-        }
-    }
     return ok ? 0 : 1;
 }

@@ -23,7 +23,7 @@ echo "== $deb"
 dpkg-deb --field "$deb" Package Version Depends Recommends
 contents="$(dpkg-deb --contents "$deb")"
 for f in ./usr/bin/quorvel ./usr/lib/quorvel/quorvel ./usr/lib/quorvel/libquorvel_player.so \
-    ./usr/lib/quorvel/images/About.png ./usr/lib/quorvel/help/index.html \
+    ./usr/lib/quorvel/images/About.png ./usr/lib/quorvel/help/index.html ./usr/lib/quorvel/icons/Unkowen.bmp \
     ./usr/share/applications/quorvel.desktop ./usr/share/icons/hicolor/48x48/apps/quorvel.png; do
     grep -q " $f\( ->\|$\)" <<<"$contents" || { echo "missing in the package: $f"; exit 1; }
 done

@@ -30,6 +30,8 @@ TEST_F(E2eTest, InstalledProgramFindsItsFilesThroughItsLinkAndPlays)
         u"cmake"_qs, {u"--install"_qs, QStringLiteral(QUORVEL_PROGRAM_DIR), u"--prefix"_qs, prefix}, &code);
     ASSERT_EQ(code, 0) << installed.toStdString();
     EXPECT_TRUE(QFileInfo(prefix + u"/bin/quorvel"_qs).isSymLink());
+    for (const char *file : {"/share/icons/hicolor/48x48/apps/quorvel.png", "/lib/quorvel/icons/Unkowen.bmp"})
+        EXPECT_TRUE(QFile::exists(prefix + QString::fromLatin1(file))) << file;
 
     const QStringList metainfo = QDir(prefix + u"/share/metainfo"_qs).entryList({u"*.metainfo.xml"_qs});
     ASSERT_EQ(metainfo.size(), 1);
