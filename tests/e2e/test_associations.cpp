@@ -75,6 +75,7 @@ TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBa
 TEST_F(E2eTest, TickingMkvInOptionsMakesThePlayerTheDefaultAndAboutClosesWithOk)
 {
     auto q = launchInstance({});
+    ASSERT_TRUE(q->waitForLog(traced(trace::kFirstPaint)).hasMatch()); // keys before the window shows are lost
     keys({u"alt+h"_qs, u"Return"_qs});
     ASSERT_TRUE(q->waitForLog(traced(trace::kDialogShown, u" \"About Quorvel\""_qs)).hasMatch())
         << q->log().toStdString();
