@@ -94,11 +94,10 @@ void Player::itemUnopenable()
                    m_startedBy);
 }
 
-bool Player::CueItem(int index)
+// Every item gets a new media control with the item's own options (its
+// snapshot folder); the item that had the old one is left first.
+void Player::loadIntoFreshControl(const QString &path)
 {
-    const QString path = m_playlist.fullPath(index);
-    if (index < 0 || index >= m_playlist.count() || (!IsEngineLocation(path) && !QFileInfo::exists(path)))
-        return false;
     if (m_engine.hasControl())
         emit leavingItem();
     destroyEngine();
@@ -108,6 +107,14 @@ bool Player::CueItem(int index)
         SaveVLCOptions();
     m_state.VLCOptions[kSnapshotPathOptionIndex] = SnapshotPathOption(m_settings.SnapshotFolder, path);
     m_engine.playlistAdd(path, QString(), m_state.VLCOptions);
+}
+
+bool Player::CueItem(int index)
+{
+    const QString path = m_playlist.fullPath(index);
+    if (index < 0 || index >= m_playlist.count() || (!IsEngineLocation(path) && !QFileInfo::exists(path)))
+        return false;
+    loadIntoFreshControl(path);
     if (!m_engine.failure().isEmpty())
         return false;
     qCDebug(lcPlayback) << "cued" << path;
@@ -129,15 +136,7 @@ StartResult Player::PlayItem(int index, bool fullScreen, StartedBy by)
         return StartResult::FileMissing;
     }
     m_startedBy = by;
-    if (m_engine.hasControl())
-        emit leavingItem();
-    destroyEngine();
-    createEngine();
-    m_state.CurrentFile = path;
-    if (m_state.VLCOptions.size() <= kSnapshotPathOptionIndex)
-        SaveVLCOptions();
-    m_state.VLCOptions[kSnapshotPathOptionIndex] = SnapshotPathOption(m_settings.SnapshotFolder, m_state.CurrentFile);
-    m_engine.playlistAdd(m_state.CurrentFile, QString(), m_state.VLCOptions);
+    loadIntoFreshControl(path);
     if (const QString failure = m_engine.failure(); !failure.isEmpty()) {
         // Nothing can play: one message, and the window stays usable in the
         // stopped state instead of waiting for an item that never loads.

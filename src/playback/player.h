@@ -93,6 +93,7 @@ signals:
 private:
     void tell(const QString &text);
     void tellCannotOpen(const QString &path, const QString &reason, StartedBy by);
+    void loadIntoFreshControl(const QString &path);
 
     Engine &m_engine;
     const Settings &m_settings;
