@@ -86,17 +86,26 @@ TEST(PlaybackPrefs, ChoicesRoundTripAndAnUnreadableValueKeepsTheOthers)
     QTemporaryDir dir;
     const QString path = dir.filePath(u"quorvel.conf"_qs);
     for (ResumeMode mode : {ResumeMode::Always, ResumeMode::Never, ResumeMode::Ask}) {
-        const PlaybackPrefs prefs{mode, mode != ResumeMode::Never, mode != ResumeMode::Always};
+        const PlaybackPrefs prefs{mode,
+                                  mode != ResumeMode::Never,
+                                  mode != ResumeMode::Always,
+                                  mode == ResumeMode::Ask ? QStringList{} : QStringList{u"ja"_qs, u"en"_qs},
+                                  {u"en"_qs},
+                                  mode == ResumeMode::Always,
+                                  static_cast<HearingImpaired>(mode)};
         ASSERT_TRUE(SavePlaybackPrefs(path, prefs));
         EXPECT_EQ(LoadPlaybackPrefs(path), prefs) << int(mode);
     }
     ASSERT_TRUE(SavePlaybackPrefs(path, {ResumeMode::Never, true, true}));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    const QByteArray text = file.readAll().replace("Resume=never", "Resume=sometimes");
+    // A hand-edited file: an unknown word, and a list written loosely.
+    const QByteArray text = file.readAll()
+                                .replace("Resume=never", "Resume=sometimes")
+                                .replace("SubtitleLanguages=", "SubtitleLanguages=\"JA, en,,ja\"");
     file.resize(0);
     file.seek(0);
     file.write(text);
     file.close();
-    EXPECT_EQ(LoadPlaybackPrefs(path), (PlaybackPrefs{PlaybackPrefs().resume, true, true}));
+    EXPECT_EQ(LoadPlaybackPrefs(path), (PlaybackPrefs{PlaybackPrefs().resume, true, true, {}, {u"ja"_qs, u"en"_qs}}));
 }
