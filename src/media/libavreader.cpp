@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cmath>
 #include <cstdarg>
 #include <mutex>
 
@@ -79,6 +80,11 @@ public:
         return avformat_open_input(&ctx, url.constData(), nullptr, nullptr);
     }
     bool pastDeadline() const { return std::chrono::steady_clock::now() >= m_deadline; }
+    // A context kept open gives each later step a deadline of its own.
+    void restart(int timeoutMs)
+    {
+        m_deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(std::max(timeoutMs, 0));
+    }
 
     AVFormatContext *ctx = nullptr;
 
@@ -86,6 +92,17 @@ private:
     static int interrupted(void *self) { return static_cast<const Input *>(self)->pastDeadline() ? 1 : 0; }
     std::chrono::steady_clock::time_point m_deadline;
 };
+
+// `wanted` pixels wide and as high as the picture's shape gives (even, at
+// least 2), the pixels' own aspect included.
+QSize scaledSize(int width, int height, AVRational sampleAspect, int wanted)
+{
+    double shown = width;
+    if (sampleAspect.num > 0 && sampleAspect.den > 0)
+        shown = width * av_q2d(sampleAspect);
+    const int h = shown > 0 ? int(std::lround(wanted * height / shown)) & ~1 : 0;
+    return {wanted, std::max(h, 2)};
+}
 
 QString errorText(int err)
 {
@@ -217,6 +234,177 @@ QImage LibavFrame(const QString &fileName, int width, int height, float offset, 
     av_frame_free(&frame);
     avcodec_free_context(&dec);
     return result;
+}
+
+struct LibavFrameReader::Private {
+    ~Private()
+    {
+        sws_freeContext(sws);
+        av_packet_free(&key);
+        av_packet_free(&pkt);
+        av_frame_free(&frame);
+        avcodec_free_context(&dec);
+    }
+    int64_t origin() const { return stream->start_time != AV_NOPTS_VALUE ? stream->start_time : 0; }
+    qint64 msOf(int64_t pts) const
+    {
+        return std::max<qint64>(0, av_rescale_q(pts - origin(), stream->time_base, AVRational{1, 1000}));
+    }
+    // Decodes on from the key packet until the first picture comes out.
+    bool decodeOn()
+    {
+        for (int read = 0; read < 2000 && !in->pastDeadline();) {
+            const int r = avcodec_receive_frame(dec, frame);
+            if (r == 0)
+                return true;
+            if (r != AVERROR(EAGAIN))
+                return false;
+            if (av_read_frame(in->ctx, pkt) < 0) {
+                avcodec_send_packet(dec, nullptr);
+                continue;
+            }
+            if (pkt->stream_index == index) {
+                avcodec_send_packet(dec, pkt);
+                ++read;
+            }
+            av_packet_unref(pkt);
+        }
+        return false;
+    }
+
+    std::unique_ptr<Input> in;
+    int index = -1;
+    AVStream *stream = nullptr;
+    AVCodecContext *dec = nullptr;
+    AVPacket *key = av_packet_alloc(); // the key frame's packet the last seek found
+    AVPacket *pkt = av_packet_alloc();
+    AVFrame *frame = av_frame_alloc();
+    SwsContext *sws = nullptr;
+    bool haveKey = false;
+    QImage cover;
+};
+
+LibavFrameReader::LibavFrameReader() = default;
+LibavFrameReader::~LibavFrameReader() = default;
+
+bool LibavFrameReader::open(const QString &fileName, int timeoutMs)
+{
+    d = std::make_unique<Private>();
+    QByteArray quiet;
+    Capture capture(&quiet);
+    d->in = std::make_unique<Input>(timeoutMs);
+    if (!d->key || !d->pkt || !d->frame || d->in->open(urlOf(fileName)) < 0) {
+        d.reset();
+        return false;
+    }
+    AVFormatContext *ctx = d->in->ctx;
+    for (unsigned i = 0; i < ctx->nb_streams && d->cover.isNull(); ++i) {
+        const AVStream *st = ctx->streams[i];
+        if ((st->disposition & AV_DISPOSITION_ATTACHED_PIC) && st->attached_pic.size > 0)
+            d->cover = QImage::fromData(st->attached_pic.data, st->attached_pic.size);
+    }
+    if (avformat_find_stream_info(ctx, nullptr) < 0 && d->in->pastDeadline())
+        return !d->cover.isNull();
+    // A song's cover art is a video stream of one picture: not a film.
+    int index = av_find_best_stream(ctx, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (index >= 0 && (ctx->streams[index]->disposition & AV_DISPOSITION_ATTACHED_PIC)) {
+        index = -1;
+        for (unsigned i = 0; i < ctx->nb_streams && index < 0; ++i) {
+            const AVStream *st = ctx->streams[i];
+            if (st->codecpar->codec_type == AVMEDIA_TYPE_VIDEO && !(st->disposition & AV_DISPOSITION_ATTACHED_PIC))
+                index = int(i);
+        }
+    }
+    const AVCodec *codec = index >= 0 ? avcodec_find_decoder(ctx->streams[index]->codecpar->codec_id) : nullptr;
+    if (!codec)
+        return true;
+    d->dec = avcodec_alloc_context3(codec);
+    if (!d->dec || avcodec_parameters_to_context(d->dec, ctx->streams[index]->codecpar) < 0)
+        return true;
+    // One picture per answer: threads would only add their start-up.
+    d->dec->thread_count = 1;
+    if (avcodec_open2(d->dec, codec, nullptr) < 0) {
+        avcodec_free_context(&d->dec);
+        return true;
+    }
+    d->index = index;
+    d->stream = ctx->streams[index];
+    return true;
+}
+
+bool LibavFrameReader::hasVideo() const
+{
+    return d && d->dec;
+}
+
+QImage LibavFrameReader::coverArt(int width) const
+{
+    if (!d || d->cover.isNull() || width <= 0)
+        return {};
+    return d->cover.scaledToWidth(width, Qt::SmoothTransformation);
+}
+
+qint64 LibavFrameReader::seekKeyframe(qint64 ms, int timeoutMs)
+{
+    if (!hasVideo())
+        return -1;
+    QByteArray quiet;
+    Capture capture(&quiet);
+    d->in->restart(timeoutMs);
+    d->haveKey = false;
+    av_packet_unref(d->key);
+    AVFormatContext *ctx = d->in->ctx;
+    const int64_t ts = av_rescale_q(std::max<qint64>(ms, 0), AVRational{1, 1000}, d->stream->time_base) + d->origin();
+    // Before the first key frame there is none further back: take the first.
+    if (av_seek_frame(ctx, d->index, ts, AVSEEK_FLAG_BACKWARD) < 0 && av_seek_frame(ctx, d->index, ts, 0) < 0)
+        return -1;
+    // Some demuxers land a little before the key frame.
+    for (int n = 0; n < 5000 && !d->in->pastDeadline(); ++n) {
+        if (av_read_frame(ctx, d->key) < 0)
+            break;
+        if (d->key->stream_index == d->index && (d->key->flags & AV_PKT_FLAG_KEY)) {
+            d->haveKey = true;
+            const int64_t pts = d->key->pts != AV_NOPTS_VALUE ? d->key->pts : d->key->dts;
+            return pts != AV_NOPTS_VALUE ? d->msOf(pts) : ms;
+        }
+        av_packet_unref(d->key);
+    }
+    av_packet_unref(d->key);
+    return -1;
+}
+
+QImage LibavFrameReader::decodeKeyframe(int width, int timeoutMs)
+{
+    if (!hasVideo() || !d->haveKey || width <= 0)
+        return {};
+    QByteArray quiet;
+    Capture capture(&quiet);
+    d->in->restart(timeoutMs);
+    AVCodecContext *dec = d->dec;
+    // The key frame alone, then the end of input, makes the decoder hand
+    // out that one picture without waiting for the frames after it.
+    avcodec_flush_buffers(dec);
+    bool have = avcodec_send_packet(dec, d->key) >= 0 && avcodec_send_packet(dec, nullptr) >= 0
+                && avcodec_receive_frame(dec, d->frame) == 0;
+    if (!have) {
+        // A picture split over packets (fields, slices) needs those after it.
+        avcodec_flush_buffers(dec);
+        have = avcodec_send_packet(dec, d->key) >= 0 && d->decodeOn();
+    }
+    d->haveKey = false;
+    if (!have)
+        return {};
+    AVFrame *f = d->frame;
+    const AVRational sar = f->sample_aspect_ratio.num > 0 ? f->sample_aspect_ratio : d->stream->sample_aspect_ratio;
+    const QSize size = scaledSize(f->width, f->height, sar, width);
+    QImage img(size, QImage::Format_RGB32);
+    d->sws = sws_getCachedContext(d->sws, f->width, f->height, AVPixelFormat(f->format), size.width(), size.height(),
+                                  AV_PIX_FMT_RGB32, SWS_AREA, nullptr, nullptr, nullptr);
+    uint8_t *dst[4] = {img.bits(), nullptr, nullptr, nullptr};
+    const int dstStride[4] = {int(img.bytesPerLine()), 0, 0, 0};
+    const bool scaled = d->sws && sws_scale(d->sws, f->data, f->linesize, 0, f->height, dst, dstStride) > 0;
+    av_frame_unref(f);
+    return scaled ? img : QImage();
 }
 
 } // namespace quorvel
