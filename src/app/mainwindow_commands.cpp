@@ -27,6 +27,7 @@ namespace quorvel {
 void MainWindow::followMediaControl(MediaAction action)
 {
     applyControls(ControlsFor(action));
+    m_surface->followMediaControl(action == MediaAction::Playing);
 }
 
 void MainWindow::updatePlaylistMenuItems()

@@ -1,5 +1,6 @@
 #include "app/skinsurface.h"
 
+#include "app/seekpreview.h"
 #include "app/windowstates.h"
 #include "common/logging.h"
 #include "common/paths.h"
@@ -19,7 +20,8 @@
 namespace quorvel {
 
 SkinSurface::SkinSurface(QWidget &window, const WindowStates &states, const PlaybackState &playback)
-    : m_window(window), m_states(states), m_playback(playback), m_skin(std::make_unique<SkinController>(m_images))
+    : m_window(window), m_states(states), m_playback(playback), m_skin(std::make_unique<SkinController>(m_images)),
+      m_preview(std::make_unique<SeekPreview>(window, playback))
 {
     // The engine starts at full volume; the slider says so from the start.
     m_skin->state().knobLeft = 51;
@@ -28,9 +30,12 @@ SkinSurface::SkinSurface(QWidget &window, const WindowStates &states, const Play
     m_window.installEventFilter(this);
 }
 
+SkinSurface::~SkinSurface() = default;
+
 void SkinSurface::attach(Engine &engine, CommandDispatcher &dispatcher)
 {
     m_engine = &engine;
+    m_preview->attach(engine);
     m_dispatcher = &dispatcher;
 }
 
@@ -73,6 +78,7 @@ bool SkinSurface::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Leave:
         // No button stays lit once the pointer has left the window.
         run(m_skin->mouseMove(QPoint(-1, -1), Qt::NoButton));
+        m_preview->hide();
         return false;
     default:
         return false;
@@ -115,6 +121,7 @@ void SkinSurface::mouseMove(const QMouseEvent &event)
         m_window.move(event.globalPosition().toPoint() - m_dragFrom);
         return;
     }
+    followPointer(event);
     m_skin->setMediaLoaded(m_playback.MediaLoaded);
     run(m_skin->mouseMove(pos, event.buttons()));
     if (!m_states.isNormal())
@@ -130,8 +137,19 @@ void SkinSurface::mouseMove(const QMouseEvent &event)
     }
 }
 
+void SkinSurface::followPointer(const QMouseEvent &event)
+{
+    const QRect bar = SkinLayout::Compute(m_window.size()).seekBar;
+    // With no button held: a drag seeks already.
+    if (event.buttons() == Qt::NoButton && !m_states.isFullScreen() && bar.contains(event.position().toPoint()))
+        m_preview->hover(QRect(m_window.mapToGlobal(bar.topLeft()), bar.size()), event.globalPosition().toPoint());
+    else
+        m_preview->hide();
+}
+
 void SkinSurface::mousePress(const QMouseEvent &event)
 {
+    m_preview->hide();
     const QPoint pos = event.position().toPoint();
     m_skin->setMediaLoaded(m_playback.MediaLoaded);
     SkinController::Reaction r = m_skin->mousePress(pos, event.button());
@@ -173,6 +191,12 @@ void SkinSurface::run(const SkinController::Reaction &r)
     }
     if (r.repaint || r.seekTo || r.volume)
         m_window.update();
+}
+
+void SkinSurface::followMediaControl(bool playing)
+{
+    if (!playing)
+        m_preview->hide();
 }
 
 void SkinSurface::setButtonsEnabled(const std::vector<std::pair<int, bool>> &buttons)

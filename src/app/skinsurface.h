@@ -21,6 +21,7 @@ namespace quorvel {
 
 class CommandDispatcher;
 class Engine;
+class SeekPreview;
 class WindowStates;
 struct PlaybackState;
 
@@ -28,6 +29,7 @@ class SkinSurface : public QObject {
     Q_OBJECT
 public:
     SkinSurface(QWidget &window, const WindowStates &states, const PlaybackState &playback);
+    ~SkinSurface() override;
 
     // Seeks and volume go to `engine`, the buttons' commands to `dispatcher`.
     void attach(Engine &engine, CommandDispatcher &dispatcher);
@@ -46,6 +48,8 @@ public:
     void setTimeText(const QString &text);
     void setRateText(const QString &text, bool visible);
     void setProgressPercent(int percent);
+    // The seek bar's preview goes once the item no longer plays.
+    void followMediaControl(bool playing);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -56,6 +60,8 @@ private:
     void mouseMove(const QMouseEvent &event);
     void mousePress(const QMouseEvent &event);
     void mouseRelease(const QMouseEvent &event);
+    // The preview over the seek bar follows a pointer resting on it.
+    void followPointer(const QMouseEvent &event);
     void run(const SkinController::Reaction &reaction);
 
     QWidget &m_window;
@@ -65,6 +71,7 @@ private:
     CommandDispatcher *m_dispatcher = nullptr;
     SkinImages m_images;
     std::unique_ptr<SkinController> m_skin;
+    std::unique_ptr<SeekPreview> m_preview;
     WindowResizer m_resizer;
     QPoint m_dragFrom; // pointer offset while the title bar moves the window by hand
     bool m_dragging = false;

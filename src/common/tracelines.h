@@ -36,4 +36,11 @@ inline constexpr char kResumed[] = "resumed at";                  // resumed at 
 inline constexpr char kPlaylistSaved[] = "playlist saved:";       // <n> entries
 inline constexpr char kPlaylistRestored[] = "playlist restored:"; // <n> entries, current <i>
 
+// The seek bar's preview.
+inline constexpr char kPreviewHover[] = "preview hover"; // preview hover <ms>, the pointer's time on the bar
+// preview shown <ms> frame=<key frame ms|cover|none> for=<ms the frame was asked for>
+inline constexpr char kPreviewShown[] = "preview shown";
+inline constexpr char kPreviewDropped[] = "preview dropped for="; // <ms asked for> at=<the pointer's ms>
+inline constexpr char kPreviewHidden[] = "preview hidden";
+
 } // namespace quorvel::trace
