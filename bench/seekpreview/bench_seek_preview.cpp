@@ -142,7 +142,7 @@ int main(int argc, char **argv)
                 ++wrong;
         },
         1000);
-    std::printf("a kept frame (nearestCached) takes %.1f us; one repaint at 60 Hz is 16667 us\n", cachedNs / 1000.0);
+    std::printf("a kept frame (nearestCached) takes %.0f ns; one repaint at 60 Hz is 16,666,667 ns\n", cachedNs);
     if (wrong)
         std::printf("%d answers were not the expected key frame\n", wrong);
     std::printf("ratio %.3f\n", previewMedian / toolMedian);

@@ -70,7 +70,7 @@ SeekPreview::SeekPreview(QWidget &window, const PlaybackState &playback)
     // nor a leave (the engine's window takes the pointer): look where it is.
     m_watch.setInterval(100);
     connect(&m_watch, &QTimer::timeout, this, [this] {
-        if (!m_bar.contains(QCursor::pos()))
+        if (!m_bar.contains(QCursor::pos()) || !m_window.isVisible() || m_window.isMinimized())
             hide();
     });
 }
