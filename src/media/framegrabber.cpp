@@ -4,7 +4,8 @@
 
 #include <QMutexLocker>
 
-#include <cstdlib>
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace quorvel {

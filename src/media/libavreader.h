@@ -3,7 +3,7 @@
 // the ffmpeg tool: the report text (av_dump_format prints the very lines the
 // tool prints, so the same parser reads them) and one scaled frame. Saves two
 // process starts per file. Safe on several threads: the log capture is per
-// thread.
+// thread. The seek bar's preview keeps a reader open instead (below).
 
 #include <QImage>
 #include <QString>
