@@ -18,6 +18,7 @@ FrameGrabber::FrameGrabber(Limits limits, QObject *parent) : QObject(parent), m_
 
 FrameGrabber::~FrameGrabber()
 {
+    m_closing = true;
     m_mailbox.close();
     m_worker.join();
 }
@@ -66,7 +67,7 @@ void FrameGrabber::work()
         if (!reader || r->file != m_openFile) {
             reader = std::make_unique<LibavFrameReader>();
             m_openFile = r->file;
-            const bool opened = reader->open(m_openFile, m_limits.timeoutMs);
+            const bool opened = reader->open(m_openFile, m_limits.timeoutMs, &m_closing);
             if (!opened || !reader->hasVideo()) {
                 // A song shows its cover art at every time; a file that
                 // cannot be read shows the time alone.

@@ -13,6 +13,7 @@
 #include <QObject>
 #include <QString>
 
+#include <atomic>
 #include <condition_variable>
 #include <list>
 #include <map>
@@ -133,6 +134,9 @@ private:
     std::list<FileFrames> m_files; // most recently used first
     quint64 m_clock = 0;
     QString m_openFile; // the worker's
+    // Set on destruction: a file on a drive that stopped answering must not
+    // hold up the player's end.
+    std::atomic<bool> m_closing{false};
     std::thread m_worker;
 };
 

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cmath>
@@ -79,7 +80,7 @@ public:
             return AVERROR(ENOMEM);
         return avformat_open_input(&ctx, url.constData(), nullptr, nullptr);
     }
-    bool pastDeadline() const { return std::chrono::steady_clock::now() >= m_deadline; }
+    bool pastDeadline() const { return (cancel && cancel->load()) || std::chrono::steady_clock::now() >= m_deadline; }
     // A context kept open gives each later step a deadline of its own.
     void restart(int timeoutMs)
     {
@@ -87,6 +88,7 @@ public:
     }
 
     AVFormatContext *ctx = nullptr;
+    const std::atomic<bool> *cancel = nullptr; // cuts every step short once set
 
 private:
     static int interrupted(void *self) { return static_cast<const Input *>(self)->pastDeadline() ? 1 : 0; }
@@ -287,12 +289,13 @@ struct LibavFrameReader::Private {
 LibavFrameReader::LibavFrameReader() = default;
 LibavFrameReader::~LibavFrameReader() = default;
 
-bool LibavFrameReader::open(const QString &fileName, int timeoutMs)
+bool LibavFrameReader::open(const QString &fileName, int timeoutMs, const std::atomic<bool> *cancel)
 {
     d = std::make_unique<Private>();
     QByteArray quiet;
     Capture capture(&quiet);
     d->in = std::make_unique<Input>(timeoutMs);
+    d->in->cancel = cancel;
     if (!d->key || !d->pkt || !d->frame || d->in->open(urlOf(fileName)) < 0) {
         d.reset();
         return false;

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QString>
 
+#include <atomic>
 #include <memory>
 
 namespace quorvel {
@@ -39,8 +40,9 @@ public:
     LibavFrameReader &operator=(const LibavFrameReader &) = delete;
 
     // Opens `fileName` and its best video stream's decoder; false when the
-    // file cannot be read at all. A file without video opens too.
-    bool open(const QString &fileName, int timeoutMs);
+    // file cannot be read at all. A file without video opens too. Once
+    // `cancel` is set, every step of this reader gives up at once.
+    bool open(const QString &fileName, int timeoutMs, const std::atomic<bool> *cancel = nullptr);
     bool hasVideo() const;
     // The cover art `width` pixels wide, aspect kept; null when there is none.
     QImage coverArt(int width) const;
