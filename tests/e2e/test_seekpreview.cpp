@@ -20,7 +20,13 @@ protected:
 
 TEST_F(SeekPreviewTest, TheBoxFollowsThePointerWithNoFrameForAPlaceLeft)
 {
-    const QString film = copyOf(makeClip(u"e2e-preview-60s.mp4"_qs, 60, u"640x360"_qs), u"film.mp4"_qs);
+    // Full HD with every frame a key frame: each place on the bar needs a
+    // decode of its own, slow enough for the pointer to move on meanwhile.
+    const QString film = copyOf(
+        makeMedia(u"e2e-preview-intra.mp4"_qs,
+                  {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=1920x1080:rate=5:duration=30"_qs, u"-c:v"_qs,
+                   u"libx264"_qs, u"-preset"_qs, u"veryfast"_qs, u"-g"_qs, u"1"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs}),
+        u"film.mp4"_qs);
     auto q = launchInstance({film});
     ASSERT_TRUE(q->waitForLog(traced(trace::kTick, u"3 time=[1-9]"_qs)).hasMatch()) << q->log().toStdString();
     // The seek bar of the 388 x 515 window: x 56 to 332 at y 406 to 420.
@@ -29,9 +35,12 @@ TEST_F(SeekPreviewTest, TheBoxFollowsThePointerWithNoFrameForAPlaceLeft)
         << q->log().toStdString();
     shoot(u"seek-preview.png"_qs, QSize(388, 515));
 
-    // Along the bar without waiting, then rest near its end.
-    for (int x = 70; x <= 320; x += 25)
-        pointTo(x, 413);
+    // Along the bar in one quick sweep, then rest near its end.
+    QStringList sweep;
+    for (int x = 70; x <= 320; x += 10)
+        sweep << u"mousemove"_qs << u"--window"_qs << u"W"_qs << QString::number(x) << u"413"_qs << u"sleep"_qs
+              << u"0.005"_qs;
+    xdo(sweep);
     const qint64 length
         = q->waitForLog(traced(trace::kTick, u"3 time=\\d+ length=([1-9]\\d*)"_qs)).captured(1).toLongLong();
     const qint64 rest = qRound64((320 - 56) / 276.0 * double(length));
