@@ -36,4 +36,8 @@ inline constexpr char kResumed[] = "resumed at";                  // resumed at 
 inline constexpr char kPlaylistSaved[] = "playlist saved:";       // <n> entries
 inline constexpr char kPlaylistRestored[] = "playlist restored:"; // <n> entries, current <i>
 
+// Equalizer: the levels the engine applies to the playing item.
+inline constexpr char kEqualizerOn[] = "equalizer on"; // equalizer on preamp=<dB> bands=<b1>,...,<b10>
+inline constexpr char kEqualizerOff[] = "equalizer off";
+
 } // namespace quorvel::trace
