@@ -88,7 +88,8 @@ public:
     virtual void toggleMute() = 0;
     virtual void setFullscreen(bool on) = 0;
     virtual void toggleFullscreen() = 0;
-    // The equalizer of this control and every later one; nothing turns it off.
+    // The equalizer this control and every later one play with; std::nullopt
+    // turns it off. Controls made afterwards start with it.
     virtual void setEqualizer(const std::optional<EqualizerBands> &bands) = 0;
 };
 
