@@ -1,5 +1,6 @@
 #include "mainwindow.h"
 
+#include "app/equalizerkeeper.h"
 #include "app/instance.h"
 #include "app/panesplitter.h"
 #include "app/playlistplacement.h"

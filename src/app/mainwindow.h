@@ -46,6 +46,7 @@ class Playlist;
 class PlaylistPlacement;
 class RunningMarker;
 class SessionKeeper;
+class EqualizerKeeper;
 class SkinSurface;
 class UnixSignalWatcher;
 class VideoFrame;
@@ -175,6 +176,7 @@ private:
     std::unique_ptr<RecentHistory> m_history;
     std::unique_ptr<WindowDvd> m_dvd;
     std::unique_ptr<SessionKeeper> m_session; // positions, the kept playlist, folders
+    std::unique_ptr<EqualizerKeeper> m_equalizer;
 };
 
 } // namespace quorvel

@@ -5,6 +5,7 @@
 #include "mainwindow.h"
 
 #include "app/desktopbus.h"
+#include "app/equalizerkeeper.h"
 #include "app/handoffserver.h"
 #include "app/playlistplacement.h"
 #include "app/sessionkeeper.h"
@@ -127,6 +128,9 @@ void MainWindow::InitPlayer()
     m_session = std::make_unique<SessionKeeper>(SessionKeeper::Parts{this, m_videoFrame, menu(), classicMenu(),
                                                                      *m_engine, m_playback, *m_player, *m_transport,
                                                                      *m_playlist, m_notifier});
+    m_equalizer = std::make_unique<EqualizerKeeper>(
+        EqualizerKeeper::Parts{this, menu(), classicMenu(), *m_engine, m_surface->images(), m_notifier},
+        PlaybackPrefsPath());
     m_player->createEngine();
 }
 

@@ -43,4 +43,8 @@ inline constexpr char kPreviewShown[] = "preview shown";
 inline constexpr char kPreviewDropped[] = "preview dropped for="; // <ms asked for> at=<the pointer's ms>
 inline constexpr char kPreviewHidden[] = "preview hidden";
 
+// Equalizer: the levels the engine applies to the playing item.
+inline constexpr char kEqualizerOn[] = "equalizer on"; // equalizer on preamp=<dB> bands=<b1>,...,<b10>
+inline constexpr char kEqualizerOff[] = "equalizer off";
+
 } // namespace quorvel::trace

@@ -72,6 +72,7 @@ void BuildClassicMenu(MenuModel &m)
     add("", "mnuToolsMenu", K::Command, QStringLiteral("&Tools"));
     add("mnuToolsMenu", "mnuSettings", K::Command, QStringLiteral("&Options..."));
     add("mnuToolsMenu", "mnuPlaybackPreferences", K::Command, QStringLiteral("Playback preferences..."));
+    add("mnuToolsMenu", "mnuEqualizer", K::Command, QStringLiteral("Equalizer..."));
     add("", "mnuHelpMenu", K::Command, QStringLiteral("&Help"));
     add("mnuHelpMenu", "mnuAbout", K::Command, QStringLiteral("&About"));
     add("mnuHelpMenu", "mnuHelp", K::Command, QStringLiteral("Help Topics"), QKeySequence(Qt::Key_F1));

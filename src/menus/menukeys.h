@@ -52,6 +52,7 @@ inline constexpr QLatin1StringView OpenFolder("OpenFolder");
 inline constexpr QLatin1StringView OpenPlaylist("OpenPlaylist");
 inline constexpr QLatin1StringView SavePlaylistAs("SavePlaylistAs");
 inline constexpr QLatin1StringView PlaybackPreferences("PlaybackPreferences");
+inline constexpr QLatin1StringView Equalizer("Equalizer");
 
 // The drive entries under "Open DVD" ("DVDList0" ... "DVDList5") and the
 // recent files under "Recently Played Files" ("History0" ... "History10").

@@ -167,6 +167,7 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem({}, menukey::Tools, K::Command, QStringLiteral("&Tools"));
     m.AddMenuItem(menukey::Tools, menukey::Options, K::Command, QStringLiteral("Options"));
     m.AddMenuItem(menukey::Tools, menukey::PlaybackPreferences, K::Command, QStringLiteral("Playback preferences..."));
+    m.AddMenuItem(menukey::Tools, menukey::Equalizer, K::Command, QStringLiteral("Equalizer..."));
     m.AddMenuItem({}, menukey::Help, K::Command, QStringLiteral("&Help"));
     m.AddMenuItem(menukey::Help, menukey::About, K::Command, QStringLiteral("&About"));
     m.AddMenuItem(menukey::Help, menukey::HelpTopics, K::Command, QStringLiteral("&Help Topics"),

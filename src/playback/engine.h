@@ -11,9 +11,12 @@
 // thread (the playback monitor), so implementations must answer queries
 // without blocking for long.
 
+#include "settings/equalizer.h"
+
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace quorvel {
 
@@ -85,6 +88,9 @@ public:
     virtual void toggleMute() = 0;
     virtual void setFullscreen(bool on) = 0;
     virtual void toggleFullscreen() = 0;
+    // The equalizer this control and every later one play with; std::nullopt
+    // turns it off. Controls made afterwards start with it.
+    virtual void setEqualizer(const std::optional<EqualizerBands> &bands) = 0;
 };
 
 } // namespace quorvel

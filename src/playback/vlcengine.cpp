@@ -136,6 +136,8 @@ void VlcEngine::playlistAdd(const QString &mrl, const QString &name, const QStri
         libvlc_audio_set_volume(m_player.get(), m_volume);
     if (m_muted)
         libvlc_audio_set_mute(m_player.get(), 1);
+    if (m_equalizer)
+        applyEqualizer();
 }
 
 QString VlcEngine::mrl() const
@@ -264,6 +266,40 @@ void VlcEngine::setFullscreen(bool on)
 void VlcEngine::toggleFullscreen()
 {
     setFullscreen(!m_fullscreen);
+}
+
+void VlcEngine::setEqualizer(const std::optional<EqualizerBands> &bands)
+{
+    // Kept as well: the next item's new player plays with it from its start.
+    m_equalizer = bands;
+    if (m_player)
+        applyEqualizer();
+}
+
+void VlcEngine::applyEqualizer()
+{
+    if (!m_equalizer) {
+        libvlc_media_player_set_equalizer(m_player.get(), nullptr);
+        qCDebug(lcPlayback) << trace::kEqualizerOff;
+        return;
+    }
+    libvlc_equalizer_t *levels = libvlc_audio_equalizer_new();
+    if (!levels)
+        return;
+    QStringList amps;
+    libvlc_audio_equalizer_set_preamp(levels, float(m_equalizer->preamp));
+    for (unsigned b = 0; b < m_equalizer->amps.size(); ++b) {
+        libvlc_audio_equalizer_set_amp_at_index(levels, float(m_equalizer->amps[b]), b);
+        amps << QString::number(m_equalizer->amps[b]);
+    }
+    // The player takes a copy of the levels.
+    const bool applied = libvlc_media_player_set_equalizer(m_player.get(), levels) == 0;
+    libvlc_audio_equalizer_release(levels);
+    if (applied)
+        qCDebug(lcPlayback).noquote() << trace::kEqualizerOn << u"preamp="_qs + QString::number(m_equalizer->preamp)
+                                      << u"bands="_qs + amps.join(u',');
+    else
+        qCWarning(lcPlayback) << "the engine refused the equalizer";
 }
 
 } // namespace quorvel

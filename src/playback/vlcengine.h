@@ -73,6 +73,7 @@ public:
     void toggleMute() override;
     void setFullscreen(bool on) override;
     void toggleFullscreen() override;
+    void setEqualizer(const std::optional<EqualizerBands> &bands) override;
 
 private:
     struct PlayerDeleter {
@@ -81,6 +82,7 @@ private:
     libvlc_instance_t *instance();
     // The surface is an X11 window libVLC can draw into.
     bool hasWindow() const;
+    void applyEqualizer();
 
     QPointer<QWidget> m_surface;
     std::unique_ptr<VlcInstance> m_instance;
@@ -90,6 +92,7 @@ private:
     bool m_fullscreen = false;
     int m_volume = -1;
     bool m_muted = false;
+    std::optional<EqualizerBands> m_equalizer; // kept for every item's new player
     std::function<void(bool)> m_fullscreenHandler;
 };
 

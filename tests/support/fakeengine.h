@@ -87,6 +87,12 @@ public:
         calls << u"toggleFullscreen"_qs;
         fullscreen = !fullscreen;
     }
+    std::optional<EqualizerBands> equalizer;
+    void setEqualizer(const std::optional<EqualizerBands> &bands) override
+    {
+        calls << (bands ? u"equalizer on"_qs : u"equalizer off"_qs);
+        equalizer = bands;
+    }
 };
 
 } // namespace quorvel::test
