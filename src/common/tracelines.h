@@ -36,4 +36,11 @@ inline constexpr char kResumed[] = "resumed at";                  // resumed at 
 inline constexpr char kPlaylistSaved[] = "playlist saved:";       // <n> entries
 inline constexpr char kPlaylistRestored[] = "playlist restored:"; // <n> entries, current <i>
 
+// Audio tracks and subtitles, as the engine reports them.
+inline constexpr char kTracksListed[] = "tracks listed:";   // audio <id> "<lang>" "<description>", ...; subtitles ...
+inline constexpr char kTracksChosen[] = "tracks chosen by"; // tracks chosen by <preferences|memory>: audio <id> ...
+inline constexpr char kAudioTrack[] = "audio track";        // audio track <id> "<lang>"
+inline constexpr char kSubtitleTrack[] = "subtitle track";  // subtitle track <id> "<lang>", -1 when off
+inline constexpr char kSubtitleDelay[] = "subtitle delay";  // subtitle delay <ms>
+
 } // namespace quorvel::trace
