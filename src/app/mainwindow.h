@@ -51,6 +51,7 @@ class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
 class WindowDvd;
+class WindowTracks;
 
 class MainWindow : public QWidget, public TransportView, public CommandActions {
     Q_OBJECT
@@ -175,6 +176,7 @@ private:
     std::unique_ptr<RecentHistory> m_history;
     std::unique_ptr<WindowDvd> m_dvd;
     std::unique_ptr<SessionKeeper> m_session; // positions, the kept playlist, folders
+    std::unique_ptr<WindowTracks> m_tracks;   // audio tracks and subtitles
 };
 
 } // namespace quorvel

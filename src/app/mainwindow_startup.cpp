@@ -12,6 +12,7 @@
 #include "app/videoframe.h"
 #include "app/windowdvd.h"
 #include "app/windowplacement.h"
+#include "app/windowtracks.h"
 #include "common/appname.h"
 #include "common/logging.h"
 #include "common/paths.h"
@@ -127,6 +128,8 @@ void MainWindow::InitPlayer()
     m_session = std::make_unique<SessionKeeper>(SessionKeeper::Parts{this, m_videoFrame, menu(), classicMenu(),
                                                                      *m_engine, m_playback, *m_player, *m_transport,
                                                                      *m_playlist, m_notifier});
+    m_tracks = std::make_unique<WindowTracks>(
+        WindowTracks::Parts{this, m_videoFrame, *m_engine, m_playback, *m_player, *m_dispatcher, *m_chooser});
     m_player->createEngine();
 }
 
