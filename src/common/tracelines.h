@@ -42,5 +42,6 @@ inline constexpr char kTracksChosen[] = "tracks chosen by"; // tracks chosen by 
 inline constexpr char kAudioTrack[] = "audio track";        // audio track <id> "<lang>"
 inline constexpr char kSubtitleTrack[] = "subtitle track";  // subtitle track <id> "<lang>", -1 when off
 inline constexpr char kSubtitleDelay[] = "subtitle delay";  // subtitle delay <ms>
+inline constexpr char kTrackMenuOpened[] = "track menu opened"; // track menu opened <key>
 
 } // namespace quorvel::trace

@@ -79,7 +79,7 @@ CommandDispatcher::CommandDispatcher(MenuModel &menu, MenuModel &classic, Transp
     connect(&menu, &MenuModel::branchOpening, this, [this](int position) {
         const QString key = m_menu.KeyAt(position);
         if (m_tracks && (key == menukey::AudioTrackMenu || key == menukey::SubtitleMenu))
-            m_tracks->sample(); // the tracks as they are now; the entries follow
+            trackBranchOpening(key);
     });
     // The transport says what it set; both trees show it.
     connect(&transport, &Transport::playModeChanged, this, [this](int mode) {
@@ -208,8 +208,14 @@ void CommandDispatcher::classicBranchOpening(int position)
     } else if (m_tracks && key.startsWith(menukey::kClassicPrefix)) {
         const QStringView branch = QStringView(key).mid(menukey::kClassicPrefix.size());
         if (branch == menukey::AudioTrackMenu || branch == menukey::SubtitleMenu)
-            m_tracks->sample();
+            trackBranchOpening(key);
     }
+}
+
+void CommandDispatcher::trackBranchOpening(const QString &key)
+{
+    m_tracks->sample(); // the tracks as they are now; the entries follow
+    qCDebug(lcApp) << trace::kTrackMenuOpened << key;
 }
 
 void CommandDispatcher::setTracks(TrackKeeper &tracks, playlist::FileChooser &chooser)

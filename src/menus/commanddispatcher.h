@@ -108,6 +108,7 @@ private:
     // A command of the track branches, by its menu-bar key; false for any other key.
     bool runTrackCommand(const QString &key);
     void showTracks();
+    void trackBranchOpening(const QString &key);
     void loadSubtitleFile();
 
     MenuModel &m_menu;

@@ -71,7 +71,8 @@ TrackPick ChooseTracks(const QList<Engine::Track> &audio, const QList<Engine::Tr
     };
     pick.subtitle = -1;
     for (const QString &language : prefs.subtitleLanguages) {
-        if (const auto id = firstIn(subtitles, language, [](const Engine::Track &) { return true; }, wanted)) {
+        if (const auto id = firstIn(
+                subtitles, language, [](const Engine::Track &) { return true; }, wanted)) {
             pick.subtitle = id;
             break;
         }
@@ -83,7 +84,7 @@ QString TrackName(const Engine::Track &track, int ordinal)
 {
     const QLocale::Language language = languageOf(track.language);
     QString name = language != QLocale::AnyLanguage && language != QLocale::C ? QLocale::languageToString(language)
-                                                                               : track.language;
+                                                                              : track.language;
     if (!track.description.isEmpty() && track.description.compare(name, Qt::CaseInsensitive) != 0)
         name = name.isEmpty() ? track.description : name + QStringLiteral(" - ") + track.description;
     return name.isEmpty() ? QStringLiteral("Track %1").arg(ordinal) : name;

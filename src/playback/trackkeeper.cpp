@@ -124,9 +124,9 @@ void TrackKeeper::applyStartChoice()
 {
     if (ownsItem()) {
         if (const auto kept = m_store.findTracks(m_absolute, m_size)) {
-            qCDebug(lcPlayback).noquote() << trace::kTracksChosen << "memory: audio" << kept->audioTrack
-                                          << "subtitle" << kept->subtitleTrack << "delay" << kept->subtitleDelayMs
-                                          << "file" << kept->subtitleFile;
+            qCDebug(lcPlayback).noquote()
+                << trace::kTracksChosen << "memory: audio" << kept->audioTrack << "subtitle" << kept->subtitleTrack
+                << "delay" << kept->subtitleDelayMs << "file" << kept->subtitleFile;
             if (hasTrack(m_audio, kept->audioTrack))
                 m_engine.setAudioTrack(kept->audioTrack);
             if (!kept->subtitleFile.isEmpty() && QFileInfo::exists(kept->subtitleFile)) {
@@ -194,9 +194,9 @@ void TrackKeeper::remember()
         return;
     const int subtitle = m_engine.subtitleTrack();
     const bool fileShows = m_subtitleFileTrack >= 0 && subtitle == m_subtitleFileTrack;
-    m_store.rememberTracks(m_absolute, m_size,
-                           {m_engine.audioTrack(), subtitle, m_engine.subtitleDelayMs(),
-                            fileShows ? m_subtitleFile : QString()});
+    m_store.rememberTracks(
+        m_absolute, m_size,
+        {m_engine.audioTrack(), subtitle, m_engine.subtitleDelayMs(), fileShows ? m_subtitleFile : QString()});
     m_store.save();
 }
 

@@ -19,10 +19,10 @@ TEST(ChooseTracks, PreferredLanguagesCommentaryHearingImpairedAndNoMatch)
         int audio, subtitle;
     } cases[] = {
         {{u"ja"_qs}, {}, true, HearingImpaired::Any, 2, kDefault},
-        {{u"en"_qs}, {}, true, HearingImpaired::Any, 3, kDefault},  // the commentary is passed over
-        {{u"en"_qs}, {}, false, HearingImpaired::Any, 1, kDefault}, // ... unless the user wants it
+        {{u"en"_qs}, {}, true, HearingImpaired::Any, 3, kDefault},                      // the commentary is passed over
+        {{u"en"_qs}, {}, false, HearingImpaired::Any, 1, kDefault},                     // ... unless the user wants it
         {{u"de"_qs, u"fre"_qs, u"ja"_qs}, {}, true, HearingImpaired::Any, 4, kDefault}, // the first that has one
-        {{u"ko"_qs}, {u"ko"_qs}, true, HearingImpaired::Any, kDefault, kOff}, // no match: the file's / none
+        {{u"ko"_qs}, {u"ko"_qs}, true, HearingImpaired::Any, kDefault, kOff},           // no match: the file's / none
         {{}, {u"en"_qs}, true, HearingImpaired::Any, kDefault, 5},
         {{}, {u"en"_qs}, true, HearingImpaired::Yes, kDefault, 6},
         {{}, {u"en"_qs}, true, HearingImpaired::No, kDefault, 5},
