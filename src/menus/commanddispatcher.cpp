@@ -259,9 +259,12 @@ void CommandDispatcher::showTracks()
     if (!m_tracks)
         return;
     TrackEntries entries;
-    const auto name = [](const QList<Engine::Track> &tracks, int current, QStringList &names, int &index) {
+    const auto name = [this](const QList<Engine::Track> &tracks, int current, QStringList &names, int &index) {
         for (int i = 0; i < tracks.size(); ++i) {
-            names << TrackName(tracks[i], i + 1);
+            // A subtitle file the user added is named by its file when it says nothing else.
+            const QString file = m_tracks->subtitleFileOf(tracks[i].id);
+            const bool plain = tracks[i].language.isEmpty() && tracks[i].description.isEmpty();
+            names << (plain && !file.isEmpty() ? QFileInfo(file).fileName() : TrackName(tracks[i], i + 1));
             if (tracks[i].id == current)
                 index = i;
         }

@@ -41,6 +41,8 @@ public:
     const QList<Engine::Track> &subtitleTracks() const { return m_subtitles; }
     int audioTrack() const { return m_audioId; }
     int subtitleTrack() const { return m_subtitleId; }
+    // The subtitle file that became track `id`, empty for the item's own tracks.
+    QString subtitleFileOf(int id) const { return id >= 0 && id == m_subtitleFileTrack ? m_subtitleFile : QString(); }
 
     // The user's choices, kept for the current file.
     void chooseAudioTrack(int id);

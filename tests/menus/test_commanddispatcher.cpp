@@ -280,4 +280,7 @@ TEST_F(DispatcherFixture, TrackBranchesOfBothTreesShowTheEngineTracksAndSwitchTh
     choose(menu, u"LoadSubtitleFile"_qs);
     EXPECT_EQ(chooser.folder, QFileInfo(dir.path()).absoluteFilePath()); // beside the playing file
     EXPECT_EQ(engine.subtitleFiles, chooser.answer);
+    engine.scriptedSubtitles.append({9, {}, {}}); // the engine has read it
+    tracks.sample();
+    EXPECT_EQ(menu.caption(u"Subtitle1"_qs), u"clip0.srt"_qs);
 }
