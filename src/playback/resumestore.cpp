@@ -28,6 +28,8 @@ bool IsWorthResuming(qint64 positionMs, qint64 lengthMs)
 
 ResumeStore::ResumeStore(QString filePath, int capacity) : m_filePath(std::move(filePath)), m_capacity(capacity)
 {
+    // Stores of one file share their entries (see the header); the file is
+    // read when the first of them opens.
     static QHash<QString, std::weak_ptr<Data>> open;
     const QString name = QFileInfo(m_filePath).absoluteFilePath();
     m_data = open.value(name).lock();
