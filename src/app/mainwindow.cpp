@@ -9,6 +9,7 @@
 #include "app/unixsignals.h"
 #include "app/videoframe.h"
 #include "app/windowdvd.h"
+#include "app/windowtracks.h"
 #include "common/logging.h"
 #include "common/paths.h"
 #include "common/tracelines.h"

@@ -52,6 +52,7 @@ class UnixSignalWatcher;
 class VideoFrame;
 class VlcEngine;
 class WindowDvd;
+class WindowTracks;
 
 class MainWindow : public QWidget, public TransportView, public CommandActions {
     Q_OBJECT
@@ -177,6 +178,7 @@ private:
     std::unique_ptr<WindowDvd> m_dvd;
     std::unique_ptr<SessionKeeper> m_session; // positions, the kept playlist, folders
     std::unique_ptr<EqualizerKeeper> m_equalizer;
+    std::unique_ptr<WindowTracks> m_tracks; // audio tracks and subtitles
 };
 
 } // namespace quorvel

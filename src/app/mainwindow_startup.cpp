@@ -13,6 +13,7 @@
 #include "app/videoframe.h"
 #include "app/windowdvd.h"
 #include "app/windowplacement.h"
+#include "app/windowtracks.h"
 #include "common/appname.h"
 #include "common/logging.h"
 #include "common/paths.h"
@@ -131,6 +132,8 @@ void MainWindow::InitPlayer()
     m_equalizer = std::make_unique<EqualizerKeeper>(
         EqualizerKeeper::Parts{this, menu(), classicMenu(), *m_engine, m_surface->images(), m_notifier},
         PlaybackPrefsPath());
+    m_tracks = std::make_unique<WindowTracks>(
+        WindowTracks::Parts{this, m_videoFrame, *m_engine, m_playback, *m_player, *m_dispatcher, *m_chooser});
     m_player->createEngine();
 }
 

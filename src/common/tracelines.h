@@ -47,4 +47,12 @@ inline constexpr char kPreviewHidden[] = "preview hidden";
 inline constexpr char kEqualizerOn[] = "equalizer on"; // equalizer on preamp=<dB> bands=<b1>,...,<b10>
 inline constexpr char kEqualizerOff[] = "equalizer off";
 
+// Audio tracks and subtitles, as the engine reports them.
+inline constexpr char kTracksListed[] = "tracks listed:";   // audio <id> "<lang>" "<description>", ...; subtitles ...
+inline constexpr char kTracksChosen[] = "tracks chosen by"; // tracks chosen by <preferences|memory>: audio <id> ...
+inline constexpr char kAudioTrack[] = "audio track";        // audio track <id> "<lang>"
+inline constexpr char kSubtitleTrack[] = "subtitle track";  // subtitle track <id> "<lang>", -1 when off
+inline constexpr char kSubtitleDelay[] = "subtitle delay";  // subtitle delay <ms>
+inline constexpr char kTrackMenuOpened[] = "track menu opened"; // track menu opened <key>
+
 } // namespace quorvel::trace

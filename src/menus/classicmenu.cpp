@@ -60,6 +60,7 @@ void BuildClassicMenu(MenuModel &m)
     add("mnuAfterMenu", "mnuAfterPlaying1", K::Check, QStringLiteral("Exit Quorvel"));
     add("mnuAfterMenu", "mnuAfterPlaying2", K::Check, QStringLiteral("Restart the Computer"));
     add("mnuAfterMenu", "mnuAfterPlaying3", K::Check, QStringLiteral("Shutdown the Computer"));
+    AddTrackBranches(m, QStringLiteral("mnu"));
 
     add("", "mnuPlayListmenu", K::Command, QStringLiteral("Play &List"));
     add("mnuPlayListmenu", "mnuPlayListAdd", K::Command, QStringLiteral("Add Media File(s)..."));

@@ -8,7 +8,10 @@
 #include "menus/menumodel.h"
 #include "playback/engine.h"
 #include "playback/playbackstate.h"
+#include "playback/trackchoice.h"
+#include "playback/trackkeeper.h"
 #include "playback/transport.h"
+#include "playlist/filechooser.h"
 #include "playlist/playlist.h"
 #include "settings/settings.h"
 
@@ -39,6 +42,7 @@ const QStringList kClassicPlaylistEntries{QStringLiteral("mnuPlayListRemove"), Q
                                           QStringLiteral("mnuPrev"), QStringLiteral("mnuPlayListRemoveAll")};
 constexpr int kSeekStepMs = 10000;
 constexpr int kVolumeStep = 5;
+constexpr int kSubtitleDelayStepMs = 100;
 
 // Checks the item of `group` at `index` and unchecks the others; an index
 // outside the group changes nothing.
@@ -72,6 +76,11 @@ CommandDispatcher::CommandDispatcher(MenuModel &menu, MenuModel &classic, Transp
     connect(&menu, &MenuModel::MenuItemClick, this, &CommandDispatcher::runMenuItem);
     connect(&classic, &MenuModel::MenuItemClick, this, &CommandDispatcher::runClassicItem);
     connect(&classic, &MenuModel::branchOpening, this, &CommandDispatcher::classicBranchOpening);
+    connect(&menu, &MenuModel::branchOpening, this, [this](int position) {
+        const QString key = m_menu.KeyAt(position);
+        if (m_tracks && (key == menukey::AudioTrackMenu || key == menukey::SubtitleMenu))
+            trackBranchOpening(key);
+    });
     // The transport says what it set; both trees show it.
     connect(&transport, &Transport::playModeChanged, this, [this](int mode) {
         checkOneOf(m_menu, menukey::kPlayModes, mode);
@@ -132,6 +141,8 @@ void CommandDispatcher::runMenuItem(int position)
         if (key == name)
             return run(*this);
     }
+    if (runTrackCommand(key))
+        return;
     if (const int slot = numberAfter(key, u"History"); slot >= 0)
         return m_actions.playHistoryEntry(slot);
     if (const int drive = numberAfter(key, u"DVDList"); drive >= 0)
@@ -171,6 +182,8 @@ void CommandDispatcher::runClassicItem(int position)
         if (key == name)
             return run(*this);
     }
+    if (key.startsWith(menukey::kClassicPrefix) && runTrackCommand(key.mid(menukey::kClassicPrefix.size())))
+        return;
     if (const int action = numberAfter(key, u"mnuAfterPlaying"); action >= 0)
         return setAfterPlay(action);
     if (const int drive = numberAfter(key, u"dvdsList"); drive >= 0)
@@ -192,7 +205,89 @@ void CommandDispatcher::classicBranchOpening(int position)
     } else if (key == u"mnuOpenDVD") {
         if (m_drives)
             m_drives->refreshDrives();
+    } else if (m_tracks && key.startsWith(menukey::kClassicPrefix)) {
+        const QStringView branch = QStringView(key).mid(menukey::kClassicPrefix.size());
+        if (branch == menukey::AudioTrackMenu || branch == menukey::SubtitleMenu)
+            trackBranchOpening(key);
     }
+}
+
+void CommandDispatcher::trackBranchOpening(const QString &key)
+{
+    m_tracks->sample(); // the tracks as they are now; the entries follow
+    qCDebug(lcApp) << trace::kTrackMenuOpened << key;
+}
+
+void CommandDispatcher::setTracks(TrackKeeper &tracks, playlist::FileChooser &chooser)
+{
+    m_tracks = &tracks;
+    m_subtitleChooser = &chooser;
+    connect(&tracks, &TrackKeeper::tracksChanged, this, &CommandDispatcher::showTracks);
+    showTracks();
+}
+
+bool CommandDispatcher::runTrackCommand(const QString &key)
+{
+    if (!m_tracks)
+        return false;
+    const QList<Engine::Track> &audio = m_tracks->audioTracks();
+    const QList<Engine::Track> &subtitles = m_tracks->subtitleTracks();
+    if (const int slot = numberAfter(key, QString(menukey::AudioTrackPrefix)); slot >= 0) {
+        if (slot < audio.size())
+            m_tracks->chooseAudioTrack(audio[slot].id);
+    } else if (const int sub = numberAfter(key, QString(menukey::SubtitlePrefix)); sub >= 0) {
+        if (sub < subtitles.size())
+            m_tracks->chooseSubtitleTrack(subtitles[sub].id);
+    } else if (key == menukey::DisableSubtitles) {
+        m_tracks->chooseSubtitleTrack(-1);
+    } else if (key == menukey::LoadSubtitleFile) {
+        loadSubtitleFile();
+    } else if (key == menukey::IncreaseSubtitleDelay) {
+        m_tracks->stepSubtitleDelay(kSubtitleDelayStepMs);
+    } else if (key == menukey::DecreaseSubtitleDelay) {
+        m_tracks->stepSubtitleDelay(-kSubtitleDelayStepMs);
+    } else {
+        return false;
+    }
+    // The check marks follow the engine, not the click.
+    showTracks();
+    return true;
+}
+
+void CommandDispatcher::showTracks()
+{
+    if (!m_tracks)
+        return;
+    TrackEntries entries;
+    const auto name = [this](const QList<Engine::Track> &tracks, int current, QStringList &names, int &index) {
+        for (int i = 0; i < tracks.size(); ++i) {
+            // A subtitle file the user added is named by its file when it says nothing else.
+            const QString file = m_tracks->subtitleFileOf(tracks[i].id);
+            const bool plain = tracks[i].language.isEmpty() && tracks[i].description.isEmpty();
+            names << (plain && !file.isEmpty() ? QFileInfo(file).fileName() : TrackName(tracks[i], i + 1));
+            if (tracks[i].id == current)
+                index = i;
+        }
+    };
+    name(m_tracks->audioTracks(), m_tracks->audioTrack(), entries.audio, entries.audioCurrent);
+    name(m_tracks->subtitleTracks(), m_tracks->subtitleTrack(), entries.subtitles, entries.subtitleCurrent);
+    entries.usable = m_transport.engine().itemCount() > 0;
+    ShowTracks(m_menu, QString(), entries);
+    ShowTracks(m_classic, menukey::kClassicPrefix, entries);
+}
+
+void CommandDispatcher::loadSubtitleFile()
+{
+    const QString current = m_state.CurrentFile;
+    const QString folder = current.isEmpty() || IsEngineLocation(current) ? QString()
+                                                                          : QFileInfo(current).absolutePath();
+    const QStringList chosen = m_subtitleChooser->chooseFiles(
+        QStringLiteral("Load subtitle file"),
+        {QStringLiteral("Subtitle files (*.srt *.ass *.ssa *.vtt *.sub *.idx *.smi *.txt)"),
+         QStringLiteral("All files (*)")},
+        folder);
+    if (!chosen.isEmpty())
+        m_tracks->loadSubtitleFile(chosen.first());
 }
 
 void CommandDispatcher::runSkinCommand(SkinCommand c)

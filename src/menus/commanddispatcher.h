@@ -20,8 +20,12 @@ class MenuModel;
 class MessageNotifier;
 class Playlist;
 class Transport;
+class TrackKeeper;
 struct PlaybackState;
 struct Settings;
+namespace playlist {
+class FileChooser;
+}
 
 // What the window does for the commands.
 class CommandActions {
@@ -69,6 +73,9 @@ public:
     // Shows the drives in both trees: one entry per caption (at most six),
     // or "<No DVD drives were found>" when there are none.
     void setDvdEntries(const QStringList &captions);
+    // The "Audio track" and "Subtitles" branches of both trees follow
+    // `tracks` and act through it; "Load subtitle file..." asks `chooser`.
+    void setTracks(TrackKeeper &tracks, playlist::FileChooser &chooser);
     // The help pages, "help/index.html" under `programFolder`.
     void setProgramFolder(const QString &programFolder) { m_programFolder = programFolder; }
 
@@ -98,6 +105,11 @@ private:
     void playDrive(int index);
     void syncClassicChecks();
     bool runNumbered(const QString &key);
+    // A command of the track branches, by its menu-bar key; false for any other key.
+    bool runTrackCommand(const QString &key);
+    void showTracks();
+    void trackBranchOpening(const QString &key);
+    void loadSubtitleFile();
 
     MenuModel &m_menu;
     MenuModel &m_classic;
@@ -108,6 +120,8 @@ private:
     CommandActions &m_actions;
     MessageNotifier &m_notifier;
     DriveActions *m_drives = nullptr;
+    TrackKeeper *m_tracks = nullptr;
+    playlist::FileChooser *m_subtitleChooser = nullptr;
     QString m_programFolder;
     bool m_noDrives = true;
 };

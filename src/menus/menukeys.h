@@ -69,6 +69,29 @@ inline QString History(int slot)
     return QString(HistoryPrefix).append(QString::number(slot));
 }
 
+// The Play menu's track branches: one entry per track of the playing item
+// ("AudioTrack0" ... "AudioTrack15", "Subtitle0" ... "Subtitle15"), then
+// the subtitle commands. The pop-up tree has the same entries with "mnu"
+// before each key.
+inline constexpr QLatin1StringView AudioTrackMenu("AudioTrackMenu");
+inline constexpr QLatin1StringView SubtitleMenu("SubtitleMenu");
+inline constexpr QLatin1StringView AudioTrackPrefix("AudioTrack");
+inline constexpr QLatin1StringView SubtitlePrefix("Subtitle");
+inline constexpr QLatin1StringView DisableSubtitles("DisableSubtitles");
+inline constexpr QLatin1StringView LoadSubtitleFile("LoadSubtitleFile");
+inline constexpr QLatin1StringView IncreaseSubtitleDelay("IncreaseSubtitleDelay");
+inline constexpr QLatin1StringView DecreaseSubtitleDelay("DecreaseSubtitleDelay");
+inline constexpr QLatin1StringView kClassicPrefix("mnu");
+inline constexpr int kTrackSlots = 16;
+inline QString AudioTrack(int slot)
+{
+    return QString(AudioTrackPrefix).append(QString::number(slot));
+}
+inline QString Subtitle(int slot)
+{
+    return QString(SubtitlePrefix).append(QString::number(slot));
+}
+
 // The groups of which one item is checked, in the order of their modes.
 inline constexpr std::array kPlayModes{PMNormal, PMContinuous, PMShuffle};
 inline constexpr std::array kRepeatModes{RMNoRepeat, RMSingleRepeat, RMRepeatAll};

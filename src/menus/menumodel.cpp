@@ -154,6 +154,7 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(menukey::AfterPlay, menukey::ExitQuorvel, K::Check, QStringLiteral("Exit Quorvel"));
     m.AddMenuItem(menukey::AfterPlay, menukey::RestartTheComputer, K::Check, QStringLiteral("Restart the Computer"));
     m.AddMenuItem(menukey::AfterPlay, menukey::ShutdownTheComputer, K::Check, QStringLiteral("Shutdown the Computer"));
+    AddTrackBranches(m, QString());
 
     m.AddMenuItem({}, menukey::PlayList, K::Command, QStringLiteral("&Play&List"));
     m.AddMenuItem(menukey::PlayList, menukey::AddVideoFile, K::Command, QStringLiteral("Add Media File(s)..."));
@@ -172,6 +173,55 @@ void BuildMenu(MenuModel &m)
     m.AddMenuItem(menukey::Help, menukey::About, K::Command, QStringLiteral("&About"));
     m.AddMenuItem(menukey::Help, menukey::HelpTopics, K::Command, QStringLiteral("&Help Topics"),
                   QKeySequence(Qt::Key_F1));
+}
+
+void AddTrackBranches(MenuModel &m, const QString &prefix)
+{
+    using K = MenuItem::Kind;
+    auto add = [&](QLatin1StringView parent, const QString &key, int kind, const QString &caption,
+                   const QKeySequence &shortcut = {}, bool visible = true, bool enabled = true) {
+        m.AddMenuItem(prefix + parent, key.isEmpty() ? key : prefix + key, kind, caption, shortcut, false, enabled,
+                      visible);
+    };
+    const QLatin1StringView play = prefix.isEmpty() ? menukey::Play : QLatin1StringView("PlayBackMenu");
+    add(play, {}, K::Separator, {});
+    add(play, menukey::AudioTrackMenu, K::Command, QStringLiteral("Audio track"));
+    // The first track entry says there are none, disabled, until the window fills it.
+    add(menukey::AudioTrackMenu, menukey::AudioTrack(0), K::Check, kNoAudioTracksCaption, {}, true, false);
+    for (int i = 1; i < menukey::kTrackSlots; ++i)
+        add(menukey::AudioTrackMenu, menukey::AudioTrack(i), K::Check, QString(), {}, false);
+    add(play, menukey::SubtitleMenu, K::Command, QStringLiteral("Subtitles"));
+    add(menukey::SubtitleMenu, menukey::Subtitle(0), K::Check, kNoSubtitlesCaption, {}, true, false);
+    for (int i = 1; i < menukey::kTrackSlots; ++i)
+        add(menukey::SubtitleMenu, menukey::Subtitle(i), K::Check, QString(), {}, false);
+    add(menukey::SubtitleMenu, {}, K::Separator, {});
+    add(menukey::SubtitleMenu, menukey::DisableSubtitles, K::Check, QStringLiteral("Disable subtitles"));
+    add(menukey::SubtitleMenu, menukey::LoadSubtitleFile, K::Command, QStringLiteral("Load subtitle file..."));
+    add(menukey::SubtitleMenu, {}, K::Separator, {});
+    add(menukey::SubtitleMenu, menukey::IncreaseSubtitleDelay, K::Command, QStringLiteral("Increase subtitle delay"),
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Right));
+    add(menukey::SubtitleMenu, menukey::DecreaseSubtitleDelay, K::Command, QStringLiteral("Decrease subtitle delay"),
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Left));
+}
+
+void ShowTracks(MenuModel &menu, const QString &prefix, const TrackEntries &entries)
+{
+    const auto fill = [&](const QStringList &names, int current, QString (*slot)(int), const QString &none) {
+        for (int i = 0; i < menukey::kTrackSlots; ++i) {
+            const int position = menu.IndexOfKey(prefix + slot(i));
+            const bool shown = i < names.size();
+            menu.SetVisible(position, shown || i == 0);
+            menu.SetCaption(position, shown ? names[i] : none);
+            menu.SetEnabled(position, shown);
+            menu.SetChecked(position, shown && i == current);
+        }
+    };
+    fill(entries.audio, entries.audioCurrent, &menukey::AudioTrack, kNoAudioTracksCaption);
+    fill(entries.subtitles, entries.subtitleCurrent, &menukey::Subtitle, kNoSubtitlesCaption);
+    menu.setChecked(prefix + menukey::DisableSubtitles, entries.usable && entries.subtitleCurrent < 0);
+    for (QLatin1StringView key : {menukey::DisableSubtitles, menukey::LoadSubtitleFile, menukey::IncreaseSubtitleDelay,
+                                  menukey::DecreaseSubtitleDelay})
+        menu.setEnabled(prefix + key, entries.usable);
 }
 
 void ShowDvdDrives(MenuModel &menu, const QStringList &captions)

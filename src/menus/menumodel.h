@@ -75,6 +75,27 @@ void BuildMenu(MenuModel &menu);
 // Shows the captions of the drives in "DVDList0" ... "DVDList5"; without
 // drives, "DVDList0" says so, disabled.
 void ShowDvdDrives(MenuModel &menu, const QStringList &captions);
+// Adds the Play menu's "Audio track" and "Subtitles" branches (menukeys.h),
+// with `prefix` before every key: empty for the menu bar, "mnu" for the
+// pop-up tree. The track entries start hidden; the window fills them.
+void AddTrackBranches(MenuModel &menu, const QString &prefix);
+inline const QString kNoAudioTracksCaption = QStringLiteral("<No audio tracks>");
+inline const QString kNoSubtitlesCaption = QStringLiteral("<No subtitles>");
+// What the track branches show: the tracks' names in the engine's order, the
+// index of the current one in each list (-1 for none), and whether an item
+// is loaded, so that subtitle commands can act on it.
+struct TrackEntries {
+    QStringList audio;
+    int audioCurrent = -1;
+    QStringList subtitles;
+    int subtitleCurrent = -1;
+    bool usable = false;
+};
+// Fills the track entries of one tree (`prefix` as for AddTrackBranches): one
+// entry per track, the current one checked; the first entry says there are
+// none, disabled, when a list is empty. "Disable subtitles" is checked while
+// none shows.
+void ShowTracks(MenuModel &menu, const QString &prefix, const TrackEntries &entries);
 // Builds the pop-up tree: the same commands under their own names (the keys
 // are the entry names, "dvdsList0" for the first drive entry), popped up by
 // branch from the tray, the video, the playlist and the DVD button.

@@ -82,6 +82,35 @@ public:
     // none could not be read (damaged, truncated, not media).
     virtual int streamCount() const = 0;
 
+    // Audio and subtitle tracks of the current item. A track's id is the
+    // engine's own and stays the same for the same file from start to start;
+    // a subtitle file added while playing gets a new id. The lists are in the
+    // file's order, empty without a control and until the engine has opened
+    // the item (tracks appear while it opens, subtitle files beside the video
+    // with them); they may grow later, when a subtitle file is added.
+    struct Track {
+        int id = -1;
+        QString language;    // as the file has it ("eng", "ja", ...), empty when unknown
+        QString description; // the track's title ("Commentary"), often empty
+        bool operator==(const Track &) const = default;
+    };
+    virtual QList<Track> audioTracks() const = 0;
+    virtual QList<Track> subtitleTracks() const = 0;
+    // The ids of the tracks playing now; -1 for none (subtitles off).
+    virtual int audioTrack() const = 0;
+    virtual int subtitleTrack() const = 0;
+    // Switches to the track of that id while the item plays; -1 turns the
+    // subtitles off. An id the item does not have changes nothing.
+    virtual void setAudioTrack(int id) = 0;
+    virtual void setSubtitleTrack(int id) = 0;
+    // Adds a subtitle file (a path) to the playing item and shows it: it
+    // joins subtitleTracks() shortly after, while the engine reads it.
+    virtual void addSubtitleFile(const QString &path) = 0;
+    // Subtitles shown this many milliseconds later (earlier when negative);
+    // 0 for every new control.
+    virtual qint64 subtitleDelayMs() const = 0;
+    virtual void setSubtitleDelayMs(qint64 ms) = 0;
+
     virtual void setRate(double rate) = 0;
     // 0..100.
     virtual void setVolume(int volume) = 0;

@@ -28,6 +28,15 @@ bool IsWorthResuming(qint64 positionMs, qint64 lengthMs)
 
 ResumeStore::ResumeStore(QString filePath, int capacity) : m_filePath(std::move(filePath)), m_capacity(capacity)
 {
+    // Stores of one file share their entries (see the header); the file is
+    // read when the first of them opens.
+    static QHash<QString, std::weak_ptr<Data>> open;
+    const QString name = QFileInfo(m_filePath).absoluteFilePath();
+    m_data = open.value(name).lock();
+    if (m_data)
+        return;
+    m_data = std::make_shared<Data>();
+    open.insert(name, m_data);
     load();
 }
 
@@ -45,31 +54,55 @@ QString ResumeStore::keyOf(const QString &absolutePath, qint64 size)
 
 std::optional<ResumeStore::Entry> ResumeStore::find(const QString &absolutePath, qint64 size) const
 {
-    const auto it = m_entries.constFind(keyOf(absolutePath, size));
-    if (it == m_entries.constEnd())
+    const auto it = m_data->entries.constFind(keyOf(absolutePath, size));
+    if (it == m_data->entries.constEnd() || it->entry.positionMs <= 0)
         return std::nullopt;
     return it->entry;
 }
 
+std::optional<ResumeStore::TrackChoice> ResumeStore::findTracks(const QString &absolutePath, qint64 size) const
+{
+    const auto it = m_data->entries.constFind(keyOf(absolutePath, size));
+    return it == m_data->entries.constEnd() ? std::nullopt : it->tracks;
+}
+
+ResumeStore::Stored &ResumeStore::touch(const QString &key)
+{
+    Stored &stored = m_data->entries[key];
+    stored.stamp = m_data->nextStamp++;
+    m_data->dirty = true;
+    if (m_data->entries.size() > m_capacity) {
+        std::vector<std::pair<qint64, QString>> byAge;
+        byAge.reserve(m_data->entries.size());
+        for (auto it = m_data->entries.cbegin(); it != m_data->entries.cend(); ++it)
+            byAge.emplace_back(it->stamp, it.key());
+        std::sort(byAge.begin(), byAge.end());
+        for (std::size_t i = 0; m_data->entries.size() > m_capacity; ++i)
+            m_data->entries.remove(byAge[i].second);
+    }
+    return m_data->entries[key]; // the newest entry is never the one dropped
+}
+
 void ResumeStore::remember(const QString &absolutePath, qint64 size, Entry entry)
 {
-    m_entries.insert(keyOf(absolutePath, size), {entry, m_nextStamp++});
-    m_dirty = true;
-    if (m_entries.size() <= m_capacity)
-        return;
-    std::vector<std::pair<qint64, QString>> byAge;
-    byAge.reserve(m_entries.size());
-    for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it)
-        byAge.emplace_back(it->stamp, it.key());
-    std::sort(byAge.begin(), byAge.end());
-    for (std::size_t i = 0; m_entries.size() > m_capacity; ++i)
-        m_entries.remove(byAge[i].second);
+    touch(keyOf(absolutePath, size)).entry = entry;
+}
+
+void ResumeStore::rememberTracks(const QString &absolutePath, qint64 size, const TrackChoice &tracks)
+{
+    touch(keyOf(absolutePath, size)).tracks = tracks;
 }
 
 void ResumeStore::forget(const QString &absolutePath, qint64 size)
 {
-    if (m_entries.remove(keyOf(absolutePath, size)) > 0)
-        m_dirty = true;
+    const auto it = m_data->entries.find(keyOf(absolutePath, size));
+    if (it == m_data->entries.end())
+        return;
+    if (it->tracks)
+        it->entry = {};
+    else
+        m_data->entries.erase(it);
+    m_data->dirty = true;
 }
 
 void ResumeStore::load()
@@ -87,27 +120,41 @@ void ResumeStore::load()
     for (const QJsonValue &v : doc.array()) {
         const QJsonObject o = v.toObject();
         const QString path = o.value(u"path").toString();
-        const Entry e{qint64(o.value(u"position").toDouble()), qint64(o.value(u"length").toDouble())};
-        if (!path.isEmpty() && e.positionMs > 0)
-            m_entries.insert(keyOf(path, qint64(o.value(u"size").toDouble())), {e, m_nextStamp++});
+        Stored s{{qint64(o.value(u"position").toDouble()), qint64(o.value(u"length").toDouble())}, {}, 0};
+        if (o.contains(u"audio")) {
+            s.tracks = TrackChoice{o.value(u"audio").toInt(-1), o.value(u"subtitle").toInt(-1),
+                                   qint64(o.value(u"subtitleDelay").toDouble()), o.value(u"subtitleFile").toString()};
+        }
+        if (path.isEmpty() || (s.entry.positionMs <= 0 && !s.tracks))
+            continue;
+        s.stamp = m_data->nextStamp++;
+        m_data->entries.insert(keyOf(path, qint64(o.value(u"size").toDouble())), s);
     }
 }
 
 bool ResumeStore::save()
 {
-    if (!m_dirty)
+    if (!m_data->dirty)
         return true;
     std::vector<std::pair<qint64, QString>> byAge;
-    for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it)
+    for (auto it = m_data->entries.cbegin(); it != m_data->entries.cend(); ++it)
         byAge.emplace_back(it->stamp, it.key());
     std::sort(byAge.begin(), byAge.end());
     QJsonArray list;
     for (const auto &[stamp, key] : byAge) {
-        const Stored &s = m_entries[key];
-        list.append(QJsonObject{{u"path"_qs, key.section(QChar(0), 0, 0)},
-                                {u"size"_qs, double(key.section(QChar(0), 1).toLongLong())},
-                                {u"position"_qs, double(s.entry.positionMs)},
-                                {u"length"_qs, double(s.entry.lengthMs)}});
+        const Stored &s = m_data->entries[key];
+        QJsonObject o{{u"path"_qs, key.section(QChar(0), 0, 0)},
+                      {u"size"_qs, double(key.section(QChar(0), 1).toLongLong())},
+                      {u"position"_qs, double(s.entry.positionMs)},
+                      {u"length"_qs, double(s.entry.lengthMs)}};
+        if (s.tracks) {
+            o.insert(u"audio"_qs, s.tracks->audioTrack);
+            o.insert(u"subtitle"_qs, s.tracks->subtitleTrack);
+            o.insert(u"subtitleDelay"_qs, double(s.tracks->subtitleDelayMs));
+            if (!s.tracks->subtitleFile.isEmpty())
+                o.insert(u"subtitleFile"_qs, s.tracks->subtitleFile);
+        }
+        list.append(o);
     }
     QDir().mkpath(QFileInfo(m_filePath).path());
     QSaveFile file(m_filePath);
@@ -116,7 +163,7 @@ bool ResumeStore::save()
         qCWarning(lcPlayback) << "could not write" << m_filePath << file.errorString();
         return false;
     }
-    m_dirty = false;
+    m_data->dirty = false;
     return true;
 }
 

@@ -18,7 +18,10 @@ VlcInstance::VlcInstance(bool hasWindow)
     // own (a window, the framebuffer, the terminal as coloured text); the text
     // output's library unloads one of libVLC's own plugins while it is in use,
     // which crashes the next video start. Pictures are then decoded and dropped.
-    const char *const args[] = {"--no-video-title-show", "--no-stats", "--no-osd", "--vout=dummy"};
+    // Subtitle files beside the video with its name ("clip.srt", "clip.en.ass")
+    // load with it: libVLC's own default, named so that it stays on.
+    const char *const args[] = {"--no-video-title-show", "--no-stats", "--no-osd", "--sub-autodetect-file",
+                                "--vout=dummy"};
     m_instance = libvlc_new(static_cast<int>(std::size(args)) - (hasWindow ? 1 : 0), args);
     if (!m_instance) {
         // libVLC often fails without a reason (no plugins found, for one);
@@ -230,6 +233,80 @@ int VlcEngine::streamCount() const
         libvlc_media_tracks_release(tracks, count);
     libvlc_media_release(media);
     return static_cast<int>(count);
+}
+
+QList<Engine::Track> VlcEngine::tracksOf(int type) const
+{
+    QList<Track> found;
+    libvlc_media_t *media = m_player ? libvlc_media_player_get_media(m_player.get()) : nullptr;
+    if (!media)
+        return found;
+    libvlc_media_track_t **tracks = nullptr;
+    const unsigned count = libvlc_media_tracks_get(media, &tracks);
+    for (unsigned i = 0; i < count; ++i) {
+        if (tracks[i]->i_type != type)
+            continue;
+        QString language = QString::fromUtf8(tracks[i]->psz_language).trimmed();
+        if (language.compare(u"und", Qt::CaseInsensitive) == 0)
+            language.clear(); // "undetermined" says no more than nothing
+        found.append({tracks[i]->i_id, language, QString::fromUtf8(tracks[i]->psz_description).trimmed()});
+    }
+    if (count > 0)
+        libvlc_media_tracks_release(tracks, count);
+    libvlc_media_release(media);
+    return found;
+}
+
+QList<Engine::Track> VlcEngine::audioTracks() const
+{
+    return tracksOf(libvlc_track_audio);
+}
+
+QList<Engine::Track> VlcEngine::subtitleTracks() const
+{
+    return tracksOf(libvlc_track_text);
+}
+
+int VlcEngine::audioTrack() const
+{
+    return m_player ? libvlc_audio_get_track(m_player.get()) : -1;
+}
+
+int VlcEngine::subtitleTrack() const
+{
+    return m_player ? libvlc_video_get_spu(m_player.get()) : -1;
+}
+
+void VlcEngine::setAudioTrack(int id)
+{
+    if (m_player)
+        libvlc_audio_set_track(m_player.get(), id);
+}
+
+void VlcEngine::setSubtitleTrack(int id)
+{
+    if (m_player)
+        libvlc_video_set_spu(m_player.get(), id);
+}
+
+void VlcEngine::addSubtitleFile(const QString &path)
+{
+    if (m_player) {
+        libvlc_media_player_add_slave(m_player.get(), libvlc_media_slave_type_subtitle,
+                                      QUrl::fromLocalFile(path).toEncoded().constData(), true);
+    }
+}
+
+qint64 VlcEngine::subtitleDelayMs() const
+{
+    // libVLC counts in microseconds.
+    return m_player ? libvlc_video_get_spu_delay(m_player.get()) / 1000 : 0;
+}
+
+void VlcEngine::setSubtitleDelayMs(qint64 ms)
+{
+    if (m_player)
+        libvlc_video_set_spu_delay(m_player.get(), ms * 1000);
 }
 
 void VlcEngine::setRate(double rate)

@@ -68,6 +68,15 @@ public:
     double length() const override;
     bool hasVout() const override;
     int streamCount() const override;
+    QList<Track> audioTracks() const override;
+    QList<Track> subtitleTracks() const override;
+    int audioTrack() const override;
+    int subtitleTrack() const override;
+    void setAudioTrack(int id) override;
+    void setSubtitleTrack(int id) override;
+    void addSubtitleFile(const QString &path) override;
+    qint64 subtitleDelayMs() const override;
+    void setSubtitleDelayMs(qint64 ms) override;
     void setRate(double rate) override;
     void setVolume(int volume) override;
     void toggleMute() override;
@@ -80,6 +89,7 @@ private:
         void operator()(libvlc_media_player_t *p) const;
     };
     libvlc_instance_t *instance();
+    QList<Track> tracksOf(int type) const;
     // The surface is an X11 window libVLC can draw into.
     bool hasWindow() const;
     void applyEqualizer();

@@ -57,8 +57,9 @@ TEST_F(PlayOrderTest, NoRepeatExitsWhenAskedAndTheHistoryPlaysAgainAfterRestart)
 {
     setConfigLine(3, " 0 "); // RepeatMode: no repeat
     auto q = startThree({u"one.mp4"_qs, u"two, #2.mp4"_qs, u"three.mp4"_qs});
-    // Play > After file playing finished > Exit Quorvel, by keyboard.
-    keys({u"alt+p"_qs, u"Up"_qs, u"Right"_qs, u"Down"_qs, u"Return"_qs});
+    // Play > After file playing finished > Exit Quorvel, by keyboard: up from
+    // the end of the Play menu past "Subtitles" and "Audio track".
+    keys({u"alt+p"_qs, u"Up"_qs, u"Up"_qs, u"Up"_qs, u"Right"_qs, u"Down"_qs, u"Return"_qs});
     ASSERT_TRUE(q->waitForLog(traced(trace::kMenu, u" \"ExitQuorvel\""_qs)).hasMatch()) << q->log().toStdString();
     ASSERT_TRUE(q->waitForExit(60000)) << q->log().toStdString();
     EXPECT_EQ(q->exitCode(), 0);

@@ -1,5 +1,7 @@
 #include "menus/commanddispatcher.h"
 #include "menus/menumodel.h"
+#include "playback/trackkeeper.h"
+#include "playlist/filechooser.h"
 #include "support/playbackrig.h"
 #include "support/qstringprint.h"
 
@@ -230,4 +232,55 @@ TEST_F(DispatcherFixture, DriveEntriesAndHelpWithoutItsPages)
     EXPECT_EQ(taken(), QString());          // nothing opened...
     ASSERT_EQ(notifier.messages.size(), 1); // ...and the user is told why
     EXPECT_TRUE(notifier.messages[0].text.contains(u"help/index.html"_qs));
+}
+
+TEST_F(DispatcherFixture, TrackBranchesOfBothTreesShowTheEngineTracksAndSwitchThem)
+{
+    struct Chooser final : playlist::FileChooser {
+        QStringList answer;
+        QString folder;
+        QStringList chooseFiles(const QString &, const QStringList &, const QString &initialFolder) override
+        {
+            folder = initialFolder;
+            return answer;
+        }
+    } chooser;
+    ResumeStore store(dir.filePath(u"positions.json"_qs));
+    TrackKeeper tracks(engine, state, store, {});
+    commands.setTracks(tracks, chooser);
+    EXPECT_EQ(menu.caption(u"AudioTrack0"_qs), u"<No audio tracks>"_qs);
+    EXPECT_FALSE(menu.isEnabled(u"AudioTrack0"_qs) || classic.isEnabled(u"mnuIncreaseSubtitleDelay"_qs));
+    addFiles(1);
+    startFirst();
+    engine.scriptedAudio = {{1, u"eng"_qs, u"Commentary"_qs}, {2, u"jpn"_qs, {}}};
+    engine.scriptedSubtitles = {{3, {}, {}}};
+    engine.audio = 1;
+    openBranch(u"mnuAudioTrackMenu"_qs); // opening a branch reads the engine
+    EXPECT_EQ(menu.caption(u"AudioTrack0"_qs), u"English - Commentary"_qs);
+    EXPECT_EQ(classic.caption(u"mnuAudioTrack1"_qs), u"Japanese"_qs);
+    EXPECT_EQ(classic.caption(u"mnuSubtitle0"_qs), u"Track 1"_qs);
+    EXPECT_FALSE(menu.isVisible(u"AudioTrack2"_qs));
+    EXPECT_EQ(checked(menu, {u"AudioTrack0"_qs, u"AudioTrack1"_qs, u"DisableSubtitles"_qs}),
+              (QStringList{u"AudioTrack0"_qs, u"DisableSubtitles"_qs}));
+
+    choose(classic, u"mnuAudioTrack1"_qs);
+    choose(menu, u"Subtitle0"_qs);
+    EXPECT_EQ(engine.audio, 2);
+    EXPECT_EQ(engine.subtitle, 3);
+    EXPECT_EQ(
+        checked(classic, {u"mnuAudioTrack0"_qs, u"mnuAudioTrack1"_qs, u"mnuSubtitle0"_qs, u"mnuDisableSubtitles"_qs}),
+        (QStringList{u"mnuAudioTrack1"_qs, u"mnuSubtitle0"_qs}));
+    QList<qint64> shown;
+    QObject::connect(&tracks, &TrackKeeper::subtitleDelayStepped, [&](qint64 ms) { shown << ms; });
+    choose(menu, u"IncreaseSubtitleDelay"_qs);
+    choose(menu, u"IncreaseSubtitleDelay"_qs);
+    choose(classic, u"mnuDecreaseSubtitleDelay"_qs);
+    EXPECT_EQ(shown, (QList<qint64>{100, 200, 100}));
+    chooser.answer = {dir.filePath(u"clip0.srt"_qs)};
+    choose(menu, u"LoadSubtitleFile"_qs);
+    EXPECT_EQ(chooser.folder, QFileInfo(dir.path()).absoluteFilePath()); // beside the playing file
+    EXPECT_EQ(engine.subtitleFiles, chooser.answer);
+    engine.scriptedSubtitles.append({9, {}, {}}); // the engine has read it
+    tracks.sample();
+    EXPECT_EQ(menu.caption(u"Subtitle1"_qs), u"clip0.srt"_qs);
 }

@@ -2,6 +2,7 @@
 // again, never given to another file.
 #include "playback/playbackstate.h"
 #include "playback/resumekeeper.h"
+#include "playback/trackkeeper.h"
 #include "support/fakeengine.h"
 
 #include <QFileInfo>
@@ -86,11 +87,60 @@ TEST(ResumeKeeper, AnotherOrReplacedFileStartsOverAndTheStoreKeepsTheNewest)
     rig.playTo(a, 1'000, 90'000);
     EXPECT_EQ(rig.engine.lastSetPosition, -1);
 
-    ResumeStore small(rig.dir.filePath(u"small.json"_qs), 2);
-    for (const char *name : {"/x", "/y", "/z"})
-        small.remember(QString::fromLatin1(name), 1, {30'000, 90'000});
-    ASSERT_TRUE(small.save());
+    {
+        ResumeStore small(rig.dir.filePath(u"small.json"_qs), 2);
+        for (const char *name : {"/x", "/y", "/z"})
+            small.remember(QString::fromLatin1(name), 1, {30'000, 90'000});
+        ASSERT_TRUE(small.save());
+    } // the file is read again only when no store of it is open
     const ResumeStore reread(rig.dir.filePath(u"small.json"_qs), 2);
     EXPECT_FALSE(reread.find(u"/x"_qs, 1));
     EXPECT_TRUE(reread.find(u"/y"_qs, 1) && reread.find(u"/z"_qs, 1));
+}
+
+TEST(TrackKeeper, TheUsersTracksComeBackForThatFileInsteadOfThePreferences)
+{
+    ResumeRig rig;
+    rig.prefs.audioLanguages = {u"ja"_qs};
+    TrackKeeper tracks(rig.engine, rig.state, rig.store, [&] { return rig.prefs; });
+    rig.engine.scriptedAudio = {{1, u"eng"_qs, u"Commentary"_qs}, {2, u"jpn"_qs, {}}};
+    rig.engine.scriptedSubtitles = {{3, u"eng"_qs, {}}};
+    const auto start = [&](const QString &path) {
+        rig.engine.audio = 1; // the file's defaults
+        rig.engine.subtitle = 3;
+        rig.engine.subtitleDelay = 0;
+        rig.engine.subtitleFiles.clear();
+        rig.playTo(path, 1'000, 90'000); // no place worth resuming: only the tracks are kept
+        tracks.itemBegins(path);
+        tracks.sample();
+    };
+    const QString film = rig.file(u"film.mkv"_qs), other = rig.file(u"other.mkv"_qs);
+    start(film);
+    EXPECT_EQ(rig.engine.audio, 2);
+    tracks.chooseAudioTrack(1);
+    tracks.chooseSubtitleTrack(-1);
+    for (int i = 0; i < 3; ++i)
+        tracks.stepSubtitleDelay(100);
+    rig.keeper.leavingItem(); // a position not worth keeping does not take the tracks with it
+    start(other);
+    EXPECT_EQ(rig.engine.audio, 2);
+    start(film);
+    EXPECT_EQ(rig.engine.audio, 1);
+    EXPECT_EQ(rig.engine.subtitle, -1);
+    EXPECT_EQ(rig.engine.subtitleDelay, 300);
+
+    // A subtitle file the user added comes back while it is the one shown.
+    const QString srt = rig.file(u"film.de.srt"_qs);
+    tracks.loadSubtitleFile(srt);
+    rig.engine.scriptedSubtitles.append({9, u"de"_qs, {}});
+    rig.engine.subtitle = 9;
+    tracks.sample();
+    const QString copy = rig.dir.filePath(u"copy.json"_qs);
+    QFile::copy(rig.dir.filePath(u"positions.json"_qs), copy);
+    const auto kept = ResumeStore(copy).findTracks(QFileInfo(film).absoluteFilePath(), QFileInfo(film).size());
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(*kept, (ResumeStore::TrackChoice{1, 9, 300, srt}));
+    rig.engine.scriptedSubtitles.removeLast();
+    start(film);
+    EXPECT_EQ(rig.engine.subtitleFiles, QStringList{srt});
 }

@@ -4,6 +4,7 @@
 #include "support/mediagen.h"
 #include "support/waituntil.h"
 
+#include <QFile>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -50,4 +51,39 @@ TEST(VlcEngine, LocalFilesGoAsPathsAndOnlyExplicitUrisAsLocations)
         engine.playlistAdd(c.given, QString(), {});
         EXPECT_EQ(engine.mrl().toStdString(), c.mrl.toStdString()) << c.given.toStdString();
     }
+}
+
+TEST(VlcEngine, ListsAndSwitchesTracksAddsASubtitleFileAndMovesTheDelay)
+{
+    const QString srt = test::testMediaDir() + u"/added-by-hand.srt"_qs;
+    QFile text(srt);
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write("1\n00:00:00,000 --> 00:00:20,000\nHello\n");
+    text.close();
+    const QStringList tone{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=duration=20"_qs};
+    const QString clip = test::makeMedia(
+        u"engine-tracks.mkv"_qs,
+        tone + tone
+            + QStringList{u"-map"_qs, u"0"_qs, u"-map"_qs, u"1"_qs, u"-metadata:s:a:0"_qs, u"language=eng"_qs,
+                          u"-metadata:s:a:0"_qs, u"title=Commentary"_qs, u"-metadata:s:a:1"_qs, u"language=jpn"_qs});
+    ASSERT_FALSE(clip.isEmpty());
+    VlcEngine engine(nullptr);
+    engine.createControl();
+    engine.playlistAdd(clip, QString(), {});
+    engine.play();
+    ASSERT_TRUE(test::waitUntil([&] { return engine.audioTracks().size() == 2 && engine.audioTrack() >= 0; }, kAmple));
+    const QList<Engine::Track> audio = engine.audioTracks();
+    EXPECT_EQ(audio[0].language, u"eng"_qs);
+    EXPECT_EQ(audio[0].description, u"Commentary"_qs);
+    EXPECT_EQ(audio[1].language, u"jpn"_qs);
+    engine.setAudioTrack(audio[1].id);
+    EXPECT_TRUE(test::waitUntil([&] { return engine.audioTrack() == audio[1].id; }, kAmple));
+    EXPECT_TRUE(engine.subtitleTracks().isEmpty()); // no subtitle file has its name
+    engine.addSubtitleFile(srt);
+    ASSERT_TRUE(test::waitUntil([&] { return engine.subtitleTracks().size() == 1; }, kAmple));
+    EXPECT_TRUE(test::waitUntil([&] { return engine.subtitleTrack() == engine.subtitleTracks()[0].id; }, kAmple));
+    engine.setSubtitleDelayMs(-300);
+    EXPECT_EQ(engine.subtitleDelayMs(), -300);
+    engine.setSubtitleTrack(-1);
+    EXPECT_TRUE(test::waitUntil([&] { return engine.subtitleTrack() == -1; }, kAmple));
 }

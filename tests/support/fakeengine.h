@@ -21,6 +21,7 @@ public:
     bool scriptedVout = true;
     int scriptedStreams = 2;
     QString scriptedFailure; // an engine that cannot start
+    QList<Track> scriptedAudio, scriptedSubtitles;
 
     // What happened.
     QStringList calls;
@@ -29,6 +30,9 @@ public:
     QList<Item> items;
     double rate = 1.0, lastSetPosition = -1;
     int volume = -1;
+    int audio = -1, subtitle = -1;
+    qint64 subtitleDelay = 0;
+    QStringList subtitleFiles;
 
     void createControl() override
     {
@@ -66,6 +70,15 @@ public:
     double length() const override { return control ? scriptedLength : 0; }
     bool hasVout() const override { return control && scriptedVout; }
     int streamCount() const override { return control ? scriptedStreams : 0; }
+    QList<Track> audioTracks() const override { return control ? scriptedAudio : QList<Track>(); }
+    QList<Track> subtitleTracks() const override { return control ? scriptedSubtitles : QList<Track>(); }
+    int audioTrack() const override { return control ? audio : -1; }
+    int subtitleTrack() const override { return control ? subtitle : -1; }
+    void setAudioTrack(int id) override { audio = id; }
+    void setSubtitleTrack(int id) override { subtitle = id; }
+    void addSubtitleFile(const QString &path) override { subtitleFiles << path; }
+    qint64 subtitleDelayMs() const override { return subtitleDelay; }
+    void setSubtitleDelayMs(qint64 ms) override { subtitleDelay = ms; }
     void setRate(double r) override
     {
         calls << u"setRate"_qs;

@@ -1,0 +1,124 @@
+// Audio tracks and subtitles with the real program and libVLC: the preferred
+// language plays, the Play menu switches tracks and moves the subtitle
+// delay, the choice comes back for the file, and a subtitle file beside a
+// clip loads by itself.
+#include "e2efixture.h"
+
+using namespace quorvel;
+using namespace quorvel::test;
+
+namespace {
+
+class TracksTest : public E2eTest {
+protected:
+    QString subtitleFile(const QString &name, const char *text)
+    {
+        QFile srt(m_box.path(name));
+        EXPECT_TRUE(srt.open(QIODevice::WriteOnly));
+        srt.write(QByteArray("1\n00:00:00,000 --> 00:01:00,000\n") + text + "\n");
+        return srt.fileName();
+    }
+    // Two audio tracks (English commentary first, then Japanese) and two
+    // subtitle tracks (English, Japanese).
+    QString film()
+    {
+        const QString en = subtitleFile(u"en.srt"_qs, "English"), ja = subtitleFile(u"ja.srt"_qs, "Japanese");
+        const QStringList lavfi{u"-f"_qs, u"lavfi"_qs, u"-i"_qs};
+        return makeMedia(u"e2e-tracks.mkv"_qs,
+                         lavfi + QStringList{u"testsrc2=size=320x240:duration=60"_qs} + lavfi
+                             + QStringList{u"sine=frequency=440:duration=60"_qs} + lavfi
+                             + QStringList{u"sine=frequency=660:duration=60"_qs, u"-i"_qs, en, u"-i"_qs, ja}
+                             + QStringList{u"-map"_qs,
+                                           u"0"_qs,
+                                           u"-map"_qs,
+                                           u"1"_qs,
+                                           u"-map"_qs,
+                                           u"2"_qs,
+                                           u"-map"_qs,
+                                           u"3"_qs,
+                                           u"-map"_qs,
+                                           u"4"_qs,
+                                           u"-c:s"_qs,
+                                           u"srt"_qs,
+                                           u"-metadata:s:a:0"_qs,
+                                           u"language=eng"_qs,
+                                           u"-metadata:s:a:0"_qs,
+                                           u"title=Commentary"_qs,
+                                           u"-metadata:s:a:1"_qs,
+                                           u"language=jpn"_qs,
+                                           u"-metadata:s:s:0"_qs,
+                                           u"language=eng"_qs,
+                                           u"-metadata:s:s:1"_qs,
+                                           u"language=jpn"_qs});
+    }
+    void writePreferences(const QByteArray &lines)
+    {
+        const QString dir = m_box.homeDir() + u"/.config/quorvel"_qs;
+        QDir().mkpath(dir);
+        QFile conf(dir + u"/quorvel.conf"_qs);
+        ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
+        conf.write(lines);
+    }
+    // A picture of the screen once it has stopped changing (playback paused).
+    void settledShot(const QString &name)
+    {
+        QImage last;
+        EXPECT_TRUE(waitUntil([&] {
+            const QImage now = shoot(name, QSize(600, 560));
+            return std::exchange(last, now) == now;
+        }));
+    }
+};
+
+} // namespace
+
+TEST_F(TracksTest, PreferredAudioPlaysTheMenuSwitchesAndTheFileKeepsTheChoice)
+{
+    writePreferences("[Tracks]\nAudioLanguages=ja\nSkipCommentary=true\n");
+    const QString clip = copyOf(film(), u"film.mkv"_qs);
+    auto q = launchInstance({clip});
+    ASSERT_TRUE(q->waitForLog(traced(trace::kAudioTrack, u" \\d+ \"jpn\""_qs)).hasMatch()) << q->log().toStdString();
+    const auto listed = q->waitForLog(traced(trace::kTracksListed,
+                                             u" audio (\\d+) \"eng\" \"Commentary\", \\d+ \"jpn\" "
+                                             u"\"\" ; subtitles \\d+ \"eng\".*\"jpn\""_qs));
+    ASSERT_TRUE(listed.hasMatch()) << q->log().toStdString();
+    const QString commentary = QString::fromLatin1(trace::kAudioTrack) + u' ' + listed.captured(1) + u" \"eng\""_qs;
+    ASSERT_TRUE(q->waitForLog(u"tick state=3 time=[1-9]"_qs).hasMatch());
+    keys({u"space"_qs}); // paused, so that the pictures settle
+    ASSERT_TRUE(q->waitForLog(traced(trace::kMediaControl, u" 2"_qs)).hasMatch());
+
+    // The video's pop-up menu: Play > Audio track > "English - Commentary".
+    xdo({u"mousemove"_qs, u"--window"_qs, u"W"_qs, u"--sync"_qs, u"150"_qs, u"150"_qs});
+    xdo({u"click"_qs, u"3"_qs});
+    keys({u"Up"_qs, u"Up"_qs, u"Right"_qs});
+    ASSERT_TRUE(q->waitForLog(traced(trace::kTrackMenuOpened, u" \"mnuAudioTrackMenu\""_qs)).hasMatch())
+        << q->log().toStdString();
+    settledShot(u"tracks-audio-menu.png"_qs);
+    const int before = q->count(commentary); // the file's default, before the preferences
+    keys({u"Return"_qs});
+    ASSERT_TRUE(q->waitForCount(commentary, before + 1)) << q->log().toStdString();
+
+    keys({u"ctrl+shift+Right"_qs, u"ctrl+shift+Right"_qs, u"ctrl+shift+Right"_qs, u"ctrl+shift+Left"_qs});
+    ASSERT_TRUE(q->waitForLog(u"note shown: Subtitle delay: 200 ms"_qs).hasMatch()) << q->log().toStdString();
+    EXPECT_TRUE(q->log().contains(QString::fromLatin1(trace::kSubtitleDelay) + u" 200"_qs));
+    settledShot(u"tracks-subtitle-delay.png"_qs);
+    q->terminate();
+    ASSERT_TRUE(q->waitForExit());
+
+    // The file starts again with the user's track, not the preferred one.
+    auto again = launchInstance({clip});
+    const QString kept = u" memory: audio "_qs + listed.captured(1) + u" subtitle -?\\d+ delay 200"_qs;
+    ASSERT_TRUE(again->waitForLog(traced(trace::kTracksChosen, kept)).hasMatch()) << again->log().toStdString();
+    ASSERT_TRUE(
+        again->waitForLog(traced(trace::kTracksChosen, u"[^\\n]*\\n[\\s\\S]*tick state=3 time="_qs)).hasMatch());
+    EXPECT_FALSE(again->log().contains(QRegularExpression(traced(trace::kAudioTrack, u" \\d+ \"jpn\""_qs))));
+}
+
+TEST_F(TracksTest, ASubtitleFileBesideAClipLoadsByItself)
+{
+    const QString clip = copyOf(makeClip(u"e2e-tracks-plain.mp4"_qs, 20, u"160x120"_qs), u"plain.mp4"_qs);
+    subtitleFile(u"plain.srt"_qs, "Beside the clip");
+    auto q = launchInstance({clip});
+    EXPECT_TRUE(q->waitForLog(traced(trace::kTracksListed, u" audio \\d+[^;]*; subtitles \\d+"_qs)).hasMatch())
+        << q->log().toStdString();
+}
