@@ -84,27 +84,6 @@ TEST_F(HandoffTest, DeliversCommandsAnswersHelloAndDropsHostileSenders)
     EXPECT_EQ(hellos, 1);
 }
 
-TEST_F(HandoffTest, ReceiptComesAtOnceAndCommandsWaitInOrderForTheirHandler)
-{
-    HandoffServer later;
-    ASSERT_TRUE(later.listen());
-    const QString name = later.endpoints().command;
-    // No handler yet (the window is still being built): receipts still come.
-    std::atomic<int> receipts = 0;
-    const handoff::SendTimes quick{5000, 200};
-    auto first = QtConcurrent::run([&] { return handoff::send(name, u"one"_qs, quick, [&] { ++receipts; }); });
-    EXPECT_EQ(await(first), handoff::SendResult::Unconfirmed);
-    auto second = QtConcurrent::run([&] { return handoff::send(name, u"two"_qs, {}, [&] { ++receipts; }); });
-    EXPECT_TRUE(test::waitUntil([&] { return receipts >= 2; }));
-    QStringList handled;
-    later.setCommandHandler([&](const QString &text, std::function<void()> done) {
-        handled << text;
-        done();
-    });
-    EXPECT_EQ(await(second), Done);
-    EXPECT_EQ(handled, (QStringList{u"one"_qs, u"two"_qs}));
-}
-
 // A stale or missing endpoint is not alive (a hung one is told apart end to end).
 TEST(Handoff, StaleAndMissingReceivers)
 {

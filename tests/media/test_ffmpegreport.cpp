@@ -72,14 +72,6 @@ TEST(FfmpegReport, ReadsBothFormats)
     EXPECT_FLOAT_EQ(today.source.StartTime, 0.021333f);
     EXPECT_EQ(streams(today), (QStringList{u"V 1280x720 29.97fps 276kb H.264 1.778"_qs, u"A1 44100Hz 1ch 127kb AAC"_qs,
                                            u"A2 48000Hz 6ch 448kb ac3"_qs}));
-
-    // Cover art: remembered as a picture only.
-    const ReportParse song = parse(
-        u"Input #0, mp3, from 'file:/m/song.mp3':\n  Duration: 00:00:02.04, start: 0.025056\n"
-        "  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"
-        "  Stream #0:1: Video: png, rgb24(pc), 120x90 [SAR 1:1 DAR 4:3], 90k tbr, 90k tbn (attached pic)\n"_qs);
-    EXPECT_EQ(streams(song), QStringList{u"A0 44100Hz 2ch 128kb MPEG Layer 3"_qs});
-    EXPECT_EQ(song.coverSize, QSize(120, 90));
 }
 
 // One stream line each and the channels or frame rate it must give.
