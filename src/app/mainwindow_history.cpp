@@ -3,6 +3,7 @@
 
 #include "mainwindow.h"
 
+#include "app/sessionkeeper.h"
 #include "app/windowdvd.h"
 #include "common/logging.h"
 #include "common/tracelines.h"
@@ -38,6 +39,8 @@ void MainWindow::playHistoryEntry(int slot)
     if (path.isEmpty())
         return;
     qCDebug(lcApp) << "history entry chosen" << slot << path;
+    if (m_session && m_session->playWhenRestored(path))
+        return;
     // A file already in the playlist plays from its row; anything else goes
     // through the add, whose refusal ("Cannot open file") covers a vanished file.
     const int index = m_playlist->fullPaths().indexOf(path);

@@ -39,13 +39,17 @@ SessionKeeper::SessionKeeper(Parts parts)
     connect(&m_resume, &ResumeKeeper::saved, &m_playlistKeeper, &PlaylistKeeper::scheduleSave);
     connect(&parts.player, &Player::itemStarted, &m_playlistKeeper, &PlaylistKeeper::scheduleSave);
     connect(&parts.transport, &Transport::selectionMoved, &m_playlistKeeper, &PlaylistKeeper::scheduleSave);
-    connect(&m_playlistKeeper, &PlaylistKeeper::restored, this, [this](int current, qint64 positionMs) {
+    connect(&m_playlistKeeper, &PlaylistKeeper::restored, this, [this](int current, qint64 positionMs, bool play) {
         if (current < 0)
             return;
-        m_resume.setStartHint(m_parts.playlist.fullPath(current), positionMs);
+        const QString path = m_parts.playlist.fullPath(current);
+        m_resume.setStartHint(path, positionMs);
         m_parts.transport.sequence().setCursor(current);
+        // A file chosen meanwhile plays, unless it already does; otherwise
         // Play starts the current entry, unless something plays already.
-        if (!m_parts.state.MediaLoaded && m_parts.engine.itemCount() == 0)
+        if (play && !(m_parts.state.MediaLoaded && m_parts.state.CurrentFile == path))
+            m_parts.player.PlayItem(current, false);
+        else if (!play && !m_parts.state.MediaLoaded && m_parts.engine.itemCount() == 0)
             m_parts.player.CueItem(current);
     });
 
@@ -77,6 +81,20 @@ void SessionKeeper::runMenuKey(const QString &key)
 void SessionKeeper::restorePlaylist()
 {
     m_playlistKeeper.restore();
+}
+
+bool SessionKeeper::playWhenRestored(const QString &path)
+{
+    if (!m_playlistKeeper.playWhenRestored(path))
+        return false;
+    // Already in: it plays now, and the end of the restore leaves it playing.
+    const int index = int(m_parts.playlist.fullPaths().indexOf(path));
+    if (index >= 0) {
+        m_parts.playlist.list().setSelectedItem(index);
+        m_parts.player.PlayItem(index, false);
+        m_parts.transport.sequence().setCursor(index);
+    }
+    return true;
 }
 
 QStringList SessionKeeper::droppedFiles(const QStringList &paths) const

@@ -47,6 +47,9 @@ public:
 
     // At a start without files: the playlist of the last run comes back.
     void restorePlaylist();
+    // A file chosen to play (a recent file): true when the playlist coming
+    // back holds it, which then plays from its row instead of being added.
+    bool playWhenRestored(const QString &path);
     // Dropped paths as the playlist takes them: folders become their media files.
     QStringList droppedFiles(const QStringList &paths) const;
     // The window closes: the playlist and the current position are saved now.

@@ -4,6 +4,7 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -25,11 +26,12 @@ QStringList DroppedPaths(const QMimeData *data)
 }
 
 namespace {
-// A drag is welcome only when it brings at least one media file.
+// A drag is welcome only when it brings at least one media file or a
+// folder, which the drop turns into its media files as the list does.
 bool offersMedia(const QMimeData *data)
 {
     for (const QString &p : DroppedPaths(data)) {
-        if (IsSupportedFile(p))
+        if (IsSupportedFile(p) || QFileInfo(p).isDir())
             return true;
     }
     return false;

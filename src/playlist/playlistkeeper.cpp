@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <utility>
 
 namespace quorvel {
 
@@ -104,17 +105,30 @@ void PlaylistKeeper::restore()
     const QString currentPath = doc->paths.value(doc->current);
     const qint64 position = doc->positionMs;
     m_restoring = true;
+    m_restoringPaths = doc->paths;
     addExisting(*doc, false, [this, currentPath, position] {
         m_restoring = false;
-        const int current = currentPath.isEmpty() ? -1 : int(m_playlist.fullPaths().indexOf(currentPath));
+        m_restoringPaths.clear();
+        const QString chosen = std::exchange(m_chosen, QString());
+        const QString wanted = chosen.isEmpty() ? currentPath : chosen;
+        const int current = wanted.isEmpty() ? -1 : int(m_playlist.fullPaths().indexOf(wanted));
         if (current >= 0) {
             m_playlist.list().setSelectedItem(current);
             m_playlist.list().refresh();
         }
         qCDebug(lcPlaylist) << trace::kPlaylistRestored << m_playlist.count() << "entries, current" << current;
-        emit restored(current, current >= 0 ? position : 0);
+        emit restored(current, current >= 0 && wanted == currentPath ? position : 0, current >= 0 && !chosen.isEmpty());
         scheduleSave(); // without the files that are gone
     });
+}
+
+bool PlaylistKeeper::playWhenRestored(const QString &path)
+{
+    if (!m_restoring || !m_restoringPaths.contains(path) || IsGone(path))
+        return false;
+    qCDebug(lcPlaylist) << "chosen while the playlist comes back:" << path;
+    m_chosen = path;
+    return true;
 }
 
 bool PlaylistKeeper::openPlaylist(const QString &filePath)

@@ -35,6 +35,11 @@ public:
     // Adds the files of the list saved last; `restored` follows once they are in.
     void restore();
     bool isRestoring() const { return m_restoring; }
+    // A file chosen to play while the saved list comes back (a recent file)
+    // wins over the list's current entry. True when the restore brings that
+    // file: `restored` then names its entry with `play` set, and the caller
+    // must not add it again (a second add of it would play the last entry).
+    bool playWhenRestored(const QString &path);
     // "Open playlist...": adds the files of a playlist file and plays the
     // first; false with a message when the file is no playlist.
     bool openPlaylist(const QString &filePath);
@@ -45,8 +50,9 @@ public:
 
 signals:
     // The saved list is back: `current` is the entry that was current (-1
-    // for none), `positionMs` where it was.
-    void restored(int current, qint64 positionMs);
+    // for none), `positionMs` where it was; or, with `play`, the entry chosen
+    // meanwhile, which is to play now.
+    void restored(int current, qint64 positionMs, bool play);
 
 private:
     // Adds the files of `doc` that still exist; `done` runs once they are in.
@@ -58,6 +64,8 @@ private:
     QTimer m_saveTimer;
     std::function<qint64(const QString &)> m_position;
     bool m_restoring = false;
+    QStringList m_restoringPaths;
+    QString m_chosen;
 };
 
 } // namespace quorvel

@@ -6,7 +6,6 @@
 #include <QTemporaryDir>
 #include <QtConcurrent/QtConcurrentRun>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace quorvel;
 constexpr auto Done = handoff::SendResult::Done;
@@ -48,7 +47,6 @@ TEST(HandoffFrame, RoundTripsAndRejectsBadData)
     EXPECT_EQ(text, u"/vidéos/a b,c.mkv"_qs);
     // 0: wait for more; -1: drop the sender.
     const std::pair<QByteArray, int> cases[] = {
-        {f.left(3), 0},
         {f.left(10), 0},
         {"GET / HTTP/1.1\r\n", -1},
         {f + "x", -1},
@@ -59,8 +57,7 @@ TEST(HandoffFrame, RoundTripsAndRejectsBadData)
         EXPECT_EQ(handoff::unframe(bytes, &text), result) << bytes.toHex().toStdString();
 }
 
-// Commands, a hello, hostile senders (dropped, others still served) and many
-// senders at once (each served once).
+// Commands, a hello and hostile senders (dropped, others still served).
 TEST_F(HandoffTest, DeliversCommandsAnswersHelloAndDropsHostileSenders)
 {
     const InstanceRegistry::Endpoints e = m_server.endpoints();
@@ -82,49 +79,17 @@ TEST_F(HandoffTest, DeliversCommandsAnswersHelloAndDropsHostileSenders)
     for (const QByteArray &bytes : {QByteArray("rubbish that is no frame"), oversized})
         EXPECT_TRUE(await(QtConcurrent::run([&] { return rawSend(bytes); })).isEmpty());
     EXPECT_TRUE(m_received.isEmpty());
-    QList<QFuture<handoff::SendResult>> sends;
-    for (int i = 0; i < 20; ++i)
-        sends << QtConcurrent::run([e, i] { return handoff::send(e.command, u"/clip%1.mp4"_qs.arg(i)); });
-    for (auto &f : sends)
-        EXPECT_EQ(await(f), Done);
-    EXPECT_EQ(m_received.size() - m_received.removeDuplicates(), 20); // each once
+    EXPECT_EQ(await(QtConcurrent::run([&] { return handoff::send(e.command, u"/clip.mp4"_qs); })), Done);
+    EXPECT_EQ(m_received, QStringList{u"/clip.mp4"_qs}); // the others are still served
     EXPECT_EQ(hellos, 1);
 }
 
-TEST_F(HandoffTest, ReceiptComesAtOnceAndCommandsWaitInOrderForTheirHandler)
-{
-    HandoffServer later;
-    ASSERT_TRUE(later.listen());
-    const QString name = later.endpoints().command;
-    // No handler yet (the window is still being built): receipts still come.
-    std::atomic<int> receipts = 0;
-    const handoff::SendTimes quick{5000, 200};
-    auto first = QtConcurrent::run([&] { return handoff::send(name, u"one"_qs, quick, [&] { ++receipts; }); });
-    EXPECT_EQ(await(first), handoff::SendResult::Unconfirmed);
-    auto second = QtConcurrent::run([&] { return handoff::send(name, u"two"_qs, {}, [&] { ++receipts; }); });
-    EXPECT_TRUE(test::waitUntil([&] { return receipts >= 2; }));
-    QStringList handled;
-    later.setCommandHandler([&](const QString &text, std::function<void()> done) {
-        handled << text;
-        done();
-    });
-    EXPECT_EQ(await(second), Done);
-    EXPECT_EQ(handled, (QStringList{u"one"_qs, u"two"_qs}));
-}
-
-// A stale or missing endpoint is not alive; a hung receiver is told apart within the receipt time.
-TEST(Handoff, StaleMissingAndHungReceivers)
+// A stale or missing endpoint is not alive (a hung one is told apart end to end).
+TEST(Handoff, StaleAndMissingReceivers)
 {
     QTemporaryDir dir;
     QFile stale(dir.filePath(u"stale"_qs)); // a socket file left behind by a killed process
     ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
     for (const QString &endpoint : {QString(), dir.filePath(u"nobody-listens"_qs), stale.fileName()})
         EXPECT_EQ(handoff::send(endpoint, u"x"_qs), handoff::SendResult::NoInstance) << endpoint.toStdString();
-    ListeningEndpoints hung; // listens, but nobody ever reads: a stopped process
-    ASSERT_TRUE(handoff::listen(dir.path(), &hung));
-    EXPECT_EQ(handoff::send(hung.command, u"x"_qs, {300, 300}), handoff::SendResult::NoAnswer);
-    EXPECT_EQ(handoff::ownerOf(hung.command), getpid());
-    ::close(hung.commandFd);
-    ::close(hung.probeFd);
-    EXPECT_EQ(handoff::send(hung.command, u"x"_qs), handoff::SendResult::NoInstance);
 }

@@ -1,5 +1,5 @@
 // The main window without a display: start-up without a file, drops on the
-// list and on the video, and the settings written on close.
+// list and on the video (files and folders), and the settings written on close.
 #include "app/mainwindow.h"
 #include "app/mediainfobox.h"
 #include "app/videoframe.h"
@@ -10,11 +10,11 @@
 
 #include "playlist/fancylist.h"
 #include <QCoreApplication>
+#include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QHelpEvent>
 #include <QMimeData>
-#include <QSystemTrayIcon>
 #include <QTemporaryDir>
 #include <QToolTip>
 #include <QUrl>
@@ -24,7 +24,8 @@ using namespace quorvel;
 
 namespace {
 
-void drop(QWidget *target, const QStringList &paths)
+// As a drag from a file manager: the drop follows only when the target takes the drag.
+bool drop(QWidget *target, const QStringList &paths)
 {
     QMimeData data;
     QList<QUrl> urls;
@@ -33,8 +34,11 @@ void drop(QWidget *target, const QStringList &paths)
     data.setUrls(urls);
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(target, &enter);
+    if (!enter.isAccepted())
+        return false;
     QDropEvent dropEvent(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(target, &dropEvent);
+    return true;
 }
 
 } // namespace
@@ -66,30 +70,29 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     ASSERT_TRUE(list && video);
 
     // On the list: media files are added, others skipped, nothing plays.
-    drop(list, {a, home.filePath(u"notes.txt"_qs)});
+    EXPECT_TRUE(drop(list, {a, home.filePath(u"notes.txt"_qs)}));
     window.playlist().waitForAdds();
     EXPECT_EQ(window.playlist().fullPaths(), QStringList{a});
     EXPECT_FALSE(window.playback().MediaLoaded);
 
-    // On the video: the first new file plays.
-    drop(video, {b});
+    // On the video: a folder gives its media files, and the first plays; a
+    // file that is no media is refused.
+    const QString folder = home.filePath(u"dropped"_qs), inFolder = folder + u"/window-b.mkv"_qs;
+    ASSERT_TRUE(QDir().mkpath(folder) && QFile::copy(b, inFolder));
+    EXPECT_FALSE(drop(video, {home.filePath(u"notes.txt"_qs)}));
+    EXPECT_TRUE(drop(video, {folder}));
     window.playlist().waitForAdds();
-    EXPECT_EQ(window.playlist().fullPaths(), (QStringList{a, b}));
-    EXPECT_EQ(window.playback().CurrentFile, b);
+    EXPECT_EQ(window.playlist().fullPaths(), (QStringList{a, inFolder}));
+    EXPECT_EQ(window.playback().CurrentFile, inFolder);
     EXPECT_TRUE(window.playback().MediaLoaded);
-    EXPECT_EQ(window.windowTitle(), u"Quorvel - ("_qs + b + u')');
+    EXPECT_EQ(window.windowTitle(), u"Quorvel - ("_qs + inFolder + u')');
     EXPECT_TRUE(window.menu().isEnabled(u"Stop"_qs));
     EXPECT_TRUE(window.menu().isEnabled(u"Remove"_qs));
 
-    // The caption's tooltip holds it whole; the tray says the program's name.
+    // The caption's tooltip holds it whole.
     QHelpEvent help(QEvent::ToolTip, QPoint(60, 14), window.mapToGlobal(QPoint(60, 14)));
     QCoreApplication::sendEvent(&window, &help);
     EXPECT_EQ(QToolTip::text(), window.windowTitle());
-    window.settings().ShowInTray = 1;
-    window.SetLoadedOptions();
-    ASSERT_TRUE(window.findChild<QSystemTrayIcon *>());
-    EXPECT_EQ(window.findChild<QSystemTrayIcon *>()->toolTip(), u"Quorvel"_qs);
-    window.settings().ShowInTray = 0;
     // Settings applied while the window runs move the list and keep it shown.
     for (int position : {0, 1}) {
         window.settings().PlaylistPosition = position;

@@ -39,11 +39,13 @@ protected:
         p->start(args);
         return p;
     }
-    // Starts the program and waits until it is the running instance.
+    // Starts the program and waits until it is the running instance and its
+    // window has painted: keys sent to a window not yet shown are lost.
     std::unique_ptr<QuorvelProcess> launchInstance(const QStringList &args)
     {
         auto p = launch(args);
         EXPECT_TRUE(p->waitForLog(traced(trace::kInstanceReady)).hasMatch()) << p->log().toStdString();
+        EXPECT_TRUE(p->waitForLog(traced(trace::kFirstPaint)).hasMatch()) << p->log().toStdString();
         return p;
     }
     QString copyOf(const QString &clip, const QString &name)

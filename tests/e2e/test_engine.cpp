@@ -60,7 +60,7 @@ TEST_F(E2eTest, ManyRefusalsGiveOneMessage)
     }
     keys({u"ctrl+o"_qs});
     const QString dialog = xdo({u"search"_qs, u"--sync"_qs, u"--name"_qs, u"^Open"_qs}).section(u'\n', 0, 0);
-    ASSERT_FALSE(dialog.isEmpty());
+    ASSERT_FALSE(dialog.isEmpty()) << q->log().toStdString();
     xdo({u"windowfocus"_qs, u"--sync"_qs, dialog});
     xdo({u"type"_qs, u"--delay"_qs, u"2"_qs, names.join(u' ')});
     xdo({u"key"_qs, u"Return"_qs});

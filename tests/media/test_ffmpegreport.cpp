@@ -72,14 +72,6 @@ TEST(FfmpegReport, ReadsBothFormats)
     EXPECT_FLOAT_EQ(today.source.StartTime, 0.021333f);
     EXPECT_EQ(streams(today), (QStringList{u"V 1280x720 29.97fps 276kb H.264 1.778"_qs, u"A1 44100Hz 1ch 127kb AAC"_qs,
                                            u"A2 48000Hz 6ch 448kb ac3"_qs}));
-
-    // Cover art: remembered as a picture only.
-    const ReportParse song = parse(
-        u"Input #0, mp3, from 'file:/m/song.mp3':\n  Duration: 00:00:02.04, start: 0.025056\n"
-        "  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"
-        "  Stream #0:1: Video: png, rgb24(pc), 120x90 [SAR 1:1 DAR 4:3], 90k tbr, 90k tbn (attached pic)\n"_qs);
-    EXPECT_EQ(streams(song), QStringList{u"A0 44100Hz 2ch 128kb MPEG Layer 3"_qs});
-    EXPECT_EQ(song.coverSize, QSize(120, 90));
 }
 
 // One stream line each and the channels or frame rate it must give.
@@ -92,11 +84,9 @@ TEST(FfmpegReport, StreamLineFigures)
     } cases[] = {
         {"    Stream #0.2: Audio: ac3, 48000 Hz, 5:1, 448 kb/s", 6}, // older: five means six
         {"  Stream #0:0: Audio: flac, 44100 Hz, 5.0, s16", 5},
-        {"  Stream #0:0: Audio: ac3, 48000 Hz, 5.0(side), fltp, 384 kb/s", 5},
         {"  Stream #0:0: Audio: pcm_s16le, 48000 Hz, 5 channels, s16", 5},
         {"  Stream #0:0: Audio: ac3, 48000 Hz, 4.1, fltp", 5},
         {"  Stream #0:0: Audio: pcm_s16le, 48000 Hz, quad, s16", 4},
-        {"  Stream #0:0: Audio: pcm_s16le, 48000 Hz, hexagonal, s16", 6},
         {"  Stream #0:0: Audio: pcm_s16le, 48000 Hz, octagonal, s16", 8},
         {"  Stream #0:0: Video: h264, yuv420p, 64x48, 1k fps, 1k tbr, 16k tbn", -1, 1000},
     };
@@ -124,12 +114,8 @@ TEST(FfmpegReport, RefusalsAndRefusedAudio)
         {u"/Inputs/Input #0.mp4"_qs,
          u"ffmpeg -i file:/Inputs/Input #0.mp4\r\nfile:/Inputs/Input #0.mp4: Invalid data found when processing input\n"_qs,
          kUnsupportedFormat},
-        {u"/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4"_qs,
-         u"ffmpeg -i file:/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4\r\nfile:/m/Input #0, Audio: mp3, 1 Hz, stereo.mp4: Invalid data found when processing input\n"_qs,
-         kUnsupportedFormat},
         // Figures that are no numbers.
         {u"x"_qs, u"Input #0\n  Stream #0:0: Audio: mp3, many Hz, stereo\n"_qs, kUnsupportedFormat},
-        {u"x"_qs, u"Input #0\n  Stream #0:0: Audio: mp3, 44100 Hz, x:1\n"_qs, kUnsupportedFormat},
         {u"x"_qs, u"Input #0\n  Stream #0:0: Audio: mp3, 44100 Hz, surround\n"_qs, kUnsupportedFormat},
         {u"/m/Unknown format.mp3"_qs,
          u"ffmpeg -i file:/m/Unknown format.mp3\nInput #0, mp3, from 'file:/m/Unknown format.mp3':\n  Duration: 00:00:02.00, start: 0\n  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"_qs,

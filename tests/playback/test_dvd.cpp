@@ -47,9 +47,7 @@ TEST(DvdDrives, SystemTablesDvdSourcesAndCaptions)
         QStringList captions;
     } lists[] = {{{empty, {u"/dev/sr1"_qs, true, u"MOVIE"_qs, {}}},
                   {u"<Please insert a DVD> (/dev/sr0)"_qs, u"MOVIE (/dev/sr1)"_qs}},
-                 {{}, {}},
-                 {{{u"/dev/sr0"_qs, true, {}, {}}}, {u" (/dev/sr0)"_qs}}, // a disc without a label
-                 {QVector<OpticalDrive>(7, empty), QStringList(7, u"<Please insert a DVD> (/dev/sr0)"_qs)}};
+                 {{{u"/dev/sr0"_qs, true, {}, {}}}, {u" (/dev/sr0)"_qs}}}; // a disc without a label
     test::FakeDriveList list;
     for (const auto &c : lists) {
         list.described = c.drives;
@@ -99,11 +97,15 @@ TEST_F(DvdFixture, PollingStartsAMountedVideoDvdOnceAndWhatCannotPlayLosesNothin
     EXPECT_EQ(notifier.texts(), QStringList{u"Please insert a valid DVD."_qs});
     EXPECT_EQ(notifier.messages[0].icon, MessageNotifier::Icon::Critical);
 
-    // A video DVD is mounted in the second drive: the next tick starts it, once.
+    // A video DVD is mounted in the second drive: the next tick starts it,
+    // once, and the file it replaces is left as any item is (its place kept).
     drives.described[1] = {u"/dev/sr1"_qs, true, u"MOVIE"_qs, folderWith(u"movie"_qs, u"Video_TS"_qs)};
+    int left = 0;
+    QObject::connect(&player, &Player::leavingItem, [&] { ++left; });
     dvd.enableCheck();
     dvd.checkForDisc();
     EXPECT_TRUE(settle());
+    EXPECT_EQ(left, 1);
     EXPECT_FALSE(dvd.checkTimer().isActive());
     ASSERT_EQ(playlist.count(), 1);
     EXPECT_EQ((QStringList{list.itemText(0), playlist.fullPath(0), playlist.mediaInfo(0), engine.items.value(0).mrl}),

@@ -57,19 +57,6 @@ TEST_F(PlayerFixture, PlayItemStartsAFreshControlWithTheItemsOptions)
     EXPECT_EQ(engine.items.size(), 1);
 }
 
-TEST_F(PlayerFixture, AnEngineThatCannotStartSaysSoOnceAndStaysStopped)
-{
-    player.setNotifier(&notifier);
-    engine.scriptedFailure = u"libVLC 3.0.18 could not be started: no plugins"_qs;
-    list.setSelectedItem(0);
-    EXPECT_EQ(player.PlayItem(0, false), StartResult::EngineFailed);
-    EXPECT_EQ(player.PlayItem(1, false), StartResult::EngineFailed);
-    ASSERT_EQ(notifier.messages.size(), 1u);
-    EXPECT_TRUE(notifier.texts()[0].contains(engine.scriptedFailure));
-    // No control: the monitor has nothing to wait for, and play is offered again.
-    EXPECT_TRUE(!engine.hasControl() && actions.back() == MediaAction::Stopped);
-}
-
 TEST_F(PlayerFixture, CaptionFollowsTheTitleModeAndFullScreenComesAfterTheStart)
 {
     QStringList captions;

@@ -52,8 +52,8 @@ TEST(PlaySequence, StepsWrapAndAnEmptyOrderDoesNotMove)
 TEST(PlaySequence, EndOfItemRules)
 {
     const QString file = u"/m/a.mp4"_qs;
-    // Each row runs on a fresh sequential order of 3 with the cursor on 1,
-    // except the continuous ones, which start on the last entry.
+    // Each row runs on a fresh sequential order of 3 with the cursor on
+    // `cursor`. (The transport's test plays every mode through to its end.)
     const struct {
         int mode, repeat, engineItems, cursor;
         QString file;
@@ -62,10 +62,6 @@ TEST(PlaySequence, EndOfItemRules)
     } cases[] = {
         {PlayContinuous, RepeatAllItems, 0, 1, file, EndOfItem::Nothing, -1},       // no engine item
         {PlayContinuous, RepeatAllItems, 1, 1, u"D:\\"_qs, EndOfItem::Nothing, -1}, // a drive root
-        {PlayNormal, RepeatSingleItem, 1, 1, file, EndOfItem::Replay, -1},
-        {PlayShuffle, RepeatSingleItem, 1, 1, file, EndOfItem::Replay, -1},
-        {PlayNormal, RepeatAllItems, 1, 1, file, EndOfItem::StopAndAfterPlay, -1},
-        {PlayContinuous, RepeatNoRepeat, 1, 1, file, EndOfItem::PlayEntry, 2},
         {PlayContinuous, RepeatNoRepeat, 1, 2, file, EndOfItem::StopAndAfterPlay, -1},
         {PlayContinuous, RepeatAllItems, 1, 2, file, EndOfItem::PlayEntry, 0},
     };

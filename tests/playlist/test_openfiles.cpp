@@ -2,14 +2,6 @@
 #include "playlist/openfiles.h"
 #include "support/qstringprint.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace quorvel::playlist;
@@ -37,18 +29,6 @@ struct Add {
 };
 
 } // namespace
-
-// The first entry offers every extension of the others; the dialog's filters
-// are built from the same entries.
-TEST(FileOpener, FilterEntriesAndDialogFilters)
-{
-    const QList<FileFilterEntry> entries = OpenFileFilterEntries();
-    QStringList rest;
-    for (const FileFilterEntry &e : entries.mid(1))
-        rest << e.patterns;
-    EXPECT_EQ(entries.value(0).patterns, rest);
-    EXPECT_EQ(OpenFileNameFilters().size(), entries.size());
-}
 
 TEST(FileOpener, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)
 {
@@ -85,41 +65,4 @@ TEST(FileOpener, FirstFilePlaysUnlessAppendingAndTheFolderIsRemembered)
         folders << s.folder;
     }
     EXPECT_EQ(chooser.folders, folders.mid(0, chooser.folders.size()));
-}
-
-TEST(FileOpener, TheRealDialogOffersTheFiltersAndReturnsSeveralFilesInOrder)
-{
-    QTemporaryDir dir;
-    for (const char *name : {"b.mkv", "A.AVI", "c.mp3", "notes.txt"})
-        QFile(dir.filePath(name)).open(QIODevice::WriteOnly);
-    QStringList seenFilters;
-    QString seenFolder;
-    bool multi = false;
-    // Plays the user: once the dialog is up, types two names and accepts.
-    QTimer driver;
-    driver.setInterval(10);
-    QObject::connect(&driver, &QTimer::timeout, [&] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        driver.stop();
-        seenFilters = dialog->nameFilters();
-        seenFolder = dialog->directory().absolutePath();
-        multi = dialog->fileMode() == QFileDialog::ExistingFiles;
-        dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("\"c.mp3\" \"A.AVI\""));
-        QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
-    });
-    driver.start();
-    QWidget owner;
-    DialogFileChooser chooser(&owner);
-    // Start in the temporary folder, as after an earlier choice there.
-    QStringList chosen = chooser.chooseFiles(OpenFileDialogTitle(), OpenFileNameFilters(), dir.path());
-    const QString folder = QDir(dir.path()).canonicalPath();
-    // Typed names in typed order, or in the view's order once it has listed
-    // the folder: either is the user's choice.
-    chosen.sort(Qt::CaseInsensitive);
-    EXPECT_EQ(chosen, (QStringList{folder + "/A.AVI", folder + "/c.mp3"}));
-    EXPECT_EQ(seenFilters, OpenFileNameFilters());
-    EXPECT_EQ(QDir(seenFolder).canonicalPath(), folder);
-    EXPECT_TRUE(multi);
 }

@@ -149,9 +149,3 @@ TEST_F(PlaylistFixture, RemovingKeepsTheStoresTogether)
     EXPECT_EQ(std::tuple(playlist.count(), list.count(), list.selectedItem()), std::tuple(0, 0, -1));
     EXPECT_EQ(removed, (QList<int>{1, 1, -1}));
 }
-
-TEST(Playlist, DroppedPathsKeepOnlyMediaInOrder)
-{
-    EXPECT_EQ(SupportedPaths({u"/x/A.AVI"_qs, u"/x/b.txt"_qs, u"/x/c.mkv"_qs, u"/x/folder"_qs}),
-              (QStringList{u"/x/A.AVI"_qs, u"/x/c.mkv"_qs}));
-}

@@ -51,7 +51,9 @@ TEST(FolderScan, NaturalOrderNumbersAsNumbersWithoutCaseOrAccents)
 }
 
 // The list of the last run comes back without the files gone since, which
-// are named in one message, and its current entry is current again.
+// are named in one message, and its current entry is current again; unless
+// a file of it was chosen to play while it came back, which then plays from
+// its own row (its second add would play the last entry).
 TEST(PlaylistKeeper, RestoresWhatIsLeftAndSaysOnceWhatIsGone)
 {
     QTemporaryDir dir;
@@ -61,18 +63,30 @@ TEST(PlaylistKeeper, RestoresWhatIsLeftAndSaysOnceWhatIsGone)
     for (int i : {0, 2, 4})
         QFile(paths[i]).open(QIODevice::WriteOnly);
     ASSERT_TRUE(SavePlaylistFile(dir.filePath(u"kept.xspf"_qs), {paths, 2, 5000}));
-    test::MemoryThumbList list;
-    test::ExistingFileProbe probe;
-    test::RecordingNotifier notifier;
-    Playlist playlist(list, probe, notifier);
-    PlaylistKeeper keeper(playlist, notifier, dir.filePath(u"kept.xspf"_qs));
-    std::pair<int, qint64> restored{-2, -2};
-    QObject::connect(&keeper, &PlaylistKeeper::restored, [&](int i, qint64 ms) { restored = {i, ms}; });
-    keeper.restore();
-    playlist.waitForAdds();
-    EXPECT_EQ(playlist.fullPaths(), (QStringList{paths[0], paths[2], paths[4]}));
-    EXPECT_EQ(restored, std::pair(1, qint64(5000)));
-    EXPECT_EQ(list.selectedItem(), 1);
-    ASSERT_EQ(notifier.messages.size(), 1u);
-    EXPECT_TRUE(notifier.messages[0].text.contains(paths[1]) && notifier.messages[0].text.contains(paths[3]));
+    const struct {
+        QString chosen;
+        std::tuple<int, qint64, bool> restored;
+    } cases[] = {{{}, {1, 5000, false}}, {paths[0], {0, 0, true}}, {paths[2], {1, 5000, true}}};
+    for (const auto &c : cases) {
+        test::MemoryThumbList list;
+        test::ExistingFileProbe probe;
+        test::RecordingNotifier notifier;
+        Playlist playlist(list, probe, notifier);
+        PlaylistKeeper keeper(playlist, notifier, dir.filePath(u"kept.xspf"_qs));
+        std::tuple<int, qint64, bool> restored{-2, -2, false};
+        QObject::connect(&keeper, &PlaylistKeeper::restored, [&](int i, qint64 ms, bool play) {
+            restored = {i, ms, play};
+        });
+        EXPECT_FALSE(keeper.playWhenRestored(paths[0])); // nothing is coming back yet
+        keeper.restore();
+        EXPECT_FALSE(keeper.playWhenRestored(paths[1])); // gone: the usual add says so
+        EXPECT_TRUE(c.chosen.isEmpty() || keeper.playWhenRestored(c.chosen));
+        playlist.waitForAdds();
+        EXPECT_EQ(playlist.fullPaths(), (QStringList{paths[0], paths[2], paths[4]}));
+        EXPECT_EQ(restored, c.restored) << c.chosen.toStdString();
+        EXPECT_EQ(list.selectedItem(), std::get<0>(c.restored));
+        ASSERT_EQ(notifier.messages.size(), 1u);
+        EXPECT_TRUE(notifier.messages[0].text.contains(paths[1]) && notifier.messages[0].text.contains(paths[3]));
+        EXPECT_FALSE(keeper.playWhenRestored(paths[0])); // the restore is over
+    }
 }

@@ -35,7 +35,6 @@ TEST(SkinController, ClickRunsTheButtonUnderThePointerAtRelease)
 {
     SkinController c(Skin());
     Paint(c);
-    const SkinLayout l = c.layout();
     const QPoint play = Centre(c.hitRects()[BtnPlay]);
     auto r = c.mousePress(play, Qt::LeftButton);
     EXPECT_TRUE(r.repaint && r.commands.empty() && c.buttons().state(BtnPlay) == StatePressed);
@@ -46,11 +45,6 @@ TEST(SkinController, ClickRunsTheButtonUnderThePointerAtRelease)
     r = c.mouseRelease(Centre(c.hitRects()[BtnStop]));
     EXPECT_TRUE(r.has(SkinCommand::Stop));
     EXPECT_FALSE(r.has(SkinCommand::Play));
-
-    // the lower 2/7 of the Play picture is dead
-    const QPoint low(play.x(), l.buttons[BtnPlay].bottom - 5);
-    c.mousePress(low, Qt::LeftButton);
-    EXPECT_TRUE(c.mouseRelease(low).commands.empty());
 
     // a disabled button neither lights nor clicks
     c.buttons().setEnabled(BtnNext, false);
@@ -74,6 +68,12 @@ TEST(SkinController, HoverRewindTitleBarAndMute)
     const QPoint rewind = Centre(c.hitRects()[BtnRewind]);
     EXPECT_TRUE(c.mousePress(rewind, Qt::LeftButton).has(SkinCommand::StartRewind));
     EXPECT_FALSE(c.mouseRelease(open).has(SkinCommand::StopRewind));
+
+    // fast forward stops on release even when it was disabled meanwhile
+    const QPoint ff = Centre(c.hitRects()[BtnFF]);
+    EXPECT_TRUE(c.mousePress(ff, Qt::LeftButton).has(SkinCommand::FastForwardDown));
+    c.buttons().setEnabled(BtnFF, false);
+    EXPECT_TRUE(c.mouseRelease(ff).has(SkinCommand::FastForwardUp));
 
     // the window icon lies in the title bar, so a press there moves the window
     EXPECT_TRUE(c.mousePress({10, 10}, Qt::LeftButton).has(SkinCommand::DragWindow));
@@ -124,17 +124,10 @@ TEST(SkinController, SeekBarAndVolumeDrags)
     c.SetProgressPercent(50);
     EXPECT_EQ(c.state().fillWidth, RoundHalfEven(l.seekBar.width() / 2.0));
 
-    // volume: a press on the track, then a drag of the knob past the end
+    // volume: a press on the track (the knob's drag runs end to end)
     r = c.mousePress({l.volumeTrack.left() + 28, l.volumeTrack.top() + 6}, Qt::LeftButton);
     EXPECT_EQ(r.volume, 49);
     EXPECT_EQ(std::pair(c.state().volumeText, c.state().knobLeft), std::pair(QString("49"), 25));
-    c.mouseRelease({0, 0});
-    const QRect knob = l.knob(c.state().knobLeft);
-    c.mousePress(knob.center(), Qt::LeftButton);
-    r = c.mouseMove({l.volumeTrack.left() + 54, knob.center().y()}, Qt::LeftButton);
-    EXPECT_EQ(r.volume, 100);
-    EXPECT_FALSE(c.mouseMove({l.volumeTrack.left() + 70, knob.center().y()}, Qt::LeftButton).volume);
-    EXPECT_EQ(std::pair(c.state().volumeText, c.state().knobLeft), std::pair(QString("100"), 51));
     c.mouseRelease({0, 0});
     // button states were not touched by the slider work
     for (int s : c.buttons().states())

@@ -70,24 +70,22 @@ const int kDrawnButtons[] = {BtnClose,    BtnMaxmize, BtnMinimize, BtnPlay, BtnP
 
 } // namespace
 
-TEST(SkinPainter, PaintsEveryButtonAtBothSizesAndWritesPictures)
+// At both sizes and in every state: nothing left unpainted, no button blank,
+// the four states of a button tell apart, and mute swaps the sound picture.
+TEST(SkinPainter, PaintsEveryButtonInEveryStateAtBothSizes)
 {
     ASSERT_TRUE(Skin().isComplete()) << "loaded " << Skin().loadedCount();
     ASSERT_FALSE(Skin().progressBack().isNull());
-    const char *stateNames[] = {"normal", "over", "pressed", "disabled"};
     for (QSize size : {QSize(388, 515), QSize(1920, 1080)}) {
+        const SkinLayout layout = SkinLayout::Compute(size);
+        std::array<QImage, kSkinStateCount> shots;
         for (int st = 0; st < kSkinStateCount; ++st) {
-            SCOPED_TRACE(
-                QStringLiteral("%1x%2 %3").arg(size.width()).arg(size.height()).arg(stateNames[st]).toStdString());
+            SCOPED_TRACE(testing::Message() << size.width() << "x" << size.height() << " state " << st);
             const Painted painted = PaintSkin(StateAt(size, st));
-            const QString name
-                = QStringLiteral("skin-%1x%2-%3.png").arg(size.width()).arg(size.height()).arg(stateNames[st]);
-            ASSERT_TRUE(painted.image.save(test::SkinOutputFolder() + name));
-            // nothing of the window is left unpainted
+            shots[st] = painted.image;
             for (int y = 0; y < size.height(); y += 3)
                 for (int x = 0; x < size.width(); x += 3)
                     ASSERT_NE(painted.image.pixel(x, y), QColor(Qt::magenta).rgb()) << x << "," << y;
-            const SkinLayout layout = SkinLayout::Compute(size);
             for (int i : kDrawnButtons) {
                 EXPECT_FALSE(painted.rects[i].isEmpty()) << "button " << i;
                 EXPECT_GT(Spread(painted.image, layout.buttons[i].toQRect()), 40) << "button " << i << " looks blank";
@@ -100,25 +98,16 @@ TEST(SkinPainter, PaintsEveryButtonAtBothSizesAndWritesPictures)
                 for (int y = size.height() - 60; y < size.height(); ++y)
                     ASSERT_EQ(painted.image.pixel(x, y), without.pixel(x, y)) << "edge " << x << "," << y;
         }
-    }
-}
-
-TEST(SkinPainter, StatesLookDifferentAndMuteSwapsThePicture)
-{
-    const QSize size(388, 515);
-    const SkinLayout layout = SkinLayout::Compute(size);
-    std::array<QImage, kSkinStateCount> shots;
-    for (int st = 0; st < kSkinStateCount; ++st)
-        shots[st] = PaintSkin(StateAt(size, st)).image;
-    SkinPaintState muted = StateAt(size, StateNormal);
-    muted.isMuted = true;
-    const QImage mutedShot = PaintSkin(muted).image;
-    ASSERT_TRUE(mutedShot.save(test::SkinOutputFolder() + "skin-388x515-muted.png"));
-    for (int i : kDrawnButtons) {
-        const QRect r = layout.buttons[i].toQRect();
-        for (int a = 0; a < kSkinStateCount; ++a)
-            for (int b = a + 1; b < kSkinStateCount; ++b)
-                EXPECT_NE(shots[a].copy(r), shots[b].copy(r)) << "button " << i << " states " << a << "/" << b;
-        EXPECT_EQ(mutedShot.copy(r) != shots[StateNormal].copy(r), i == BtnSound) << "button " << i;
+        SkinPaintState muted = StateAt(size, StateNormal);
+        muted.isMuted = true;
+        const QImage mutedShot = PaintSkin(muted).image;
+        ASSERT_TRUE(mutedShot.save(test::SkinOutputFolder() + u"skin-%1-muted.png"_qs.arg(size.width())));
+        for (int i : kDrawnButtons) {
+            const QRect r = layout.buttons[i].toQRect();
+            for (int a = 0; a < kSkinStateCount; ++a)
+                for (int b = a + 1; b < kSkinStateCount; ++b)
+                    EXPECT_NE(shots[a].copy(r), shots[b].copy(r)) << "button " << i << " states " << a << "/" << b;
+            EXPECT_EQ(mutedShot.copy(r) != shots[StateNormal].copy(r), i == BtnSound) << "button " << i;
+        }
     }
 }
