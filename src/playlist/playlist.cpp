@@ -227,14 +227,4 @@ void Playlist::waitForAdds()
     }
 }
 
-QStringList SupportedPaths(const QStringList &paths)
-{
-    QStringList kept;
-    for (const QString &p : paths) {
-        if (IsSupportedFile(p))
-            kept << p;
-    }
-    return kept;
-}
-
 } // namespace quorvel

@@ -97,7 +97,4 @@ private:
     QThreadPool m_pool;
 };
 
-// Keeps the paths of a dropped file list that have a media extension, in order.
-QStringList SupportedPaths(const QStringList &paths);
-
 } // namespace quorvel
