@@ -36,11 +36,7 @@ protected:
             heard << it.next().captured(1);
         return heard;
     }
-    QString conf()
-    {
-        QFile file(m_box.homeDir() + u"/.config/quorvel/quorvel.conf"_qs);
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
+    QString conf() { return QString::fromUtf8(readFile(preferencesPath())); }
 };
 
 } // namespace

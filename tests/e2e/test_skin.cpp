@@ -129,7 +129,6 @@ TEST_F(SkinTest, PicturesForReview)
 {
     const QString file = clip();
     auto idle = launchInstance({});
-    ASSERT_TRUE(idle->waitForLog(traced(trace::kFirstPaint)).hasMatch());
     shoot(QStringLiteral("skin-idle-388x515.png"), windowSize());
     idle->terminate();
     idle->waitForExit();

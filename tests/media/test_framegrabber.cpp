@@ -2,6 +2,7 @@
 // seconds, the bounded cache and its nearest frame, only the latest of a
 // burst of requests, and files without a picture.
 #include "media/framegrabber.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 #include "support/waituntil.h"
 
@@ -119,13 +120,11 @@ TEST(FrameGrabberTest, FilesWithoutFramesShowTheirCoverOrTheTimeAlone)
                           u"-disposition:v"_qs, u"attached_pic"_qs});
     const QString bare = test::makeMedia(u"grabber-bare.mp3"_qs, tone);
     QTemporaryDir dir;
-    QFile junk(dir.filePath(u"junk.mp4"_qs));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write(QByteArray(4096, 'x'));
-    junk.close();
+    const QString junk = dir.filePath(u"junk.mp4"_qs);
+    ASSERT_TRUE(test::writeFile(junk, QByteArray(4096, 'x')));
     const std::vector<std::pair<QString, PreviewFrame::Kind>> files{{covered, PreviewFrame::Cover},
                                                                     {bare, PreviewFrame::None},
-                                                                    {junk.fileName(), PreviewFrame::None},
+                                                                    {junk, PreviewFrame::None},
                                                                     {dir.filePath(u"gone.mp4"_qs), PreviewFrame::None}};
     FrameGrabber g;
     Answers a(g);

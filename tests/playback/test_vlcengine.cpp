@@ -1,6 +1,7 @@
 // The real libVLC engine: a video started again and again on a surface that
 // is no X11 window, and the locations files are handed to it as.
 #include "playback/vlcengine.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 #include "support/waituntil.h"
 
@@ -56,10 +57,7 @@ TEST(VlcEngine, LocalFilesGoAsPathsAndOnlyExplicitUrisAsLocations)
 TEST(VlcEngine, ListsAndSwitchesTracksAddsASubtitleFileAndMovesTheDelay)
 {
     const QString srt = test::testMediaDir() + u"/added-by-hand.srt"_qs;
-    QFile text(srt);
-    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
-    text.write("1\n00:00:00,000 --> 00:00:20,000\nHello\n");
-    text.close();
+    ASSERT_TRUE(test::writeFile(srt, "1\n00:00:00,000 --> 00:00:20,000\nHello\n"));
     const QStringList tone{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=duration=20"_qs};
     const QString clip = test::makeMedia(
         u"engine-tracks.mkv"_qs,
