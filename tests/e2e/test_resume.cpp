@@ -50,9 +50,8 @@ TEST_F(ResumeTest, StopAndKillKeepThePlaceAndAnotherFileStartsOver)
     ASSERT_TRUE(q->waitForExit());
 
     // An audio file, the player killed at 0:50: it comes back at 0:40 or later.
-    const QString tone = copyOf(
-        makeMedia(u"e2e-tone-90s.mp3"_qs, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=330:duration=90"_qs}),
-        u"tone.mp3"_qs);
+    const QString tone = copyOf(makeMedia(u"e2e-tone-90s.mp3"_qs, u"-f lavfi -i sine=frequency=330:duration=90"_qs),
+                                u"tone.mp3"_qs);
     auto k = launchInstance({tone});
     ASSERT_TRUE(playedTo(*k, 1));
     keys({u"Right"_qs, u"Right"_qs, u"Right"_qs});
