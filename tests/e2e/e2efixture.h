@@ -71,8 +71,7 @@ protected:
     {
         if (!QFile::exists(m_box.configPath())) {
             auto first = launchInstance({});
-            first->terminate();
-            first->waitForExit();
+            first->close();
         }
         QList<QByteArray> lines = readFile(m_box.configPath()).split('\n');
         ASSERT_GT(lines.size(), line);

@@ -32,8 +32,7 @@ TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBa
     const auto startWithMkvFlag = [&](const QByteArray &flag) {
         setConfigLine(20, flag); // AssocFlags(3)
         auto q = launchInstance({});
-        q->terminate();
-        EXPECT_TRUE(q->waitForExit());
+        EXPECT_TRUE(q->close());
     };
     startWithMkvFlag(" -1 ");
     EXPECT_EQ(mkvDefault(), u"quorvel.desktop"_qs);

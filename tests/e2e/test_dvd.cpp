@@ -53,6 +53,5 @@ TEST_F(E2eTest, ADvdFolderPlaysFromTheCommandLineAndOpenDvdFolderOrImageAndF1Ope
     const QString guide = QUrl::fromUserInput(QString::fromUtf8(readFile(opened)).trimmed()).toLocalFile();
     EXPECT_EQ(guide, m_box.programDir() + u"/help/index.html"_qs);
     EXPECT_TRUE(readFile(guide).contains("Keyboard shortcuts"));
-    q->terminate();
-    EXPECT_TRUE(q->waitForExit());
+    EXPECT_TRUE(q->close());
 }

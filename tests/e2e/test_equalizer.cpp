@@ -58,8 +58,7 @@ TEST_F(EqualizerTest, APresetPlaysAtOnceIsKeptAndPlaysAfterARestart)
     const QString kept = conf();
     const auto bands = QRegularExpression(u"\nBands=(.*)\n"_qs).match(kept);
     EXPECT_TRUE(heard.endsWith(u"bands="_qs + bands.captured(1).remove(u' '))) << kept.toStdString();
-    q->terminate();
-    ASSERT_TRUE(q->waitForExit());
+    ASSERT_TRUE(q->close());
 
     // The next start plays the kept levels from its first item on.
     auto again = playing(clip);

@@ -74,8 +74,7 @@ TEST_F(TracksTest, PreferredAudioPlaysTheMenuSwitchesAndTheFileKeepsTheChoice)
     ASSERT_TRUE(q->waitForLog(u"note shown: Subtitle delay: 200 ms"_qs).hasMatch()) << q->log().toStdString();
     EXPECT_TRUE(q->log().contains(QString::fromLatin1(trace::kSubtitleDelay) + u" 200"_qs));
     settledShot(u"tracks-subtitle-delay.png"_qs);
-    q->terminate();
-    ASSERT_TRUE(q->waitForExit());
+    ASSERT_TRUE(q->close());
 
     // The file starts again with the user's track, not the preferred one.
     auto again = launchInstance({clip});
