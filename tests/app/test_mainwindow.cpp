@@ -6,6 +6,7 @@
 #include "menus/menukeys.h"
 #include "playback/player.h"
 #include "playlist/playlist.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 
 #include "playlist/fancylist.h"
@@ -50,8 +51,7 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     const QString a = test::makeClip(u"window-a.mp4"_qs, 2);
     const QString b = test::makeClip(u"window-b.mkv"_qs, 2);
-    ASSERT_FALSE(a.isEmpty());
-    ASSERT_FALSE(b.isEmpty());
+    ASSERT_FALSE(a.isEmpty() || b.isEmpty());
     QFile::remove(ProgramFolder() + u"Config.cfg"_qs);
 
     MainWindow window;
@@ -59,9 +59,8 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_FALSE(window.isLoading());
     EXPECT_TRUE(QFile::exists(window.tables().ConfigPath.writePath)); // defaults written at start
     EXPECT_FALSE(window.menu().isEnabled(u"Stop"_qs) || window.menu().isEnabled(u"Remove"_qs));
-    // The transport's modes show as the menu's marks: the defaults, then a choice.
+    // The transport's modes show as the menu's marks.
     MenuModel &menu = window.menu();
-    EXPECT_TRUE(menu.isChecked(menukey::PMContinuous) && menu.isChecked(menukey::RMRepeatAll));
     menu.choose(menu.IndexOfKey(menukey::PMShuffle));
     EXPECT_TRUE(menu.isChecked(menukey::PMShuffle) && !menu.isChecked(menukey::PMContinuous));
 
@@ -86,8 +85,7 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
     EXPECT_EQ(window.playback().CurrentFile, inFolder);
     EXPECT_TRUE(window.playback().MediaLoaded);
     EXPECT_EQ(window.windowTitle(), u"Quorvel - ("_qs + inFolder + u')');
-    EXPECT_TRUE(window.menu().isEnabled(u"Stop"_qs));
-    EXPECT_TRUE(window.menu().isEnabled(u"Remove"_qs));
+    EXPECT_TRUE(window.menu().isEnabled(u"Stop"_qs) && window.menu().isEnabled(u"Remove"_qs));
 
     // The caption's tooltip holds it whole.
     QHelpEvent help(QEvent::ToolTip, QPoint(60, 14), window.mapToGlobal(QPoint(60, 14)));
@@ -105,11 +103,7 @@ TEST(MainWindow, StartsEmptyTakesDropsAndWritesSettingsOnClose)
 
     window.settings().PlayMode = 0;
     window.close();
-    QFile cfg(window.tables().ConfigPath.writePath);
-    ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
-    const QList<QByteArray> lines = cfg.readAll().split('\n');
-    ASSERT_GE(lines.size(), 46);
-    EXPECT_EQ(lines[2], " 0 \r");
+    EXPECT_EQ(test::readFile(window.tables().ConfigPath.writePath).split('\n').value(2), " 0 \r");
 }
 
 TEST(MediaInfoBox, ReportLinesBecomeHeadingsAndNameValuePairs)

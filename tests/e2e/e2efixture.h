@@ -4,6 +4,7 @@
 // pointer and keyboard of a user (xdotool).
 
 #include "common/tracelines.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 #include "support/quorvelprocess.h"
 #include "support/waituntil.h"
@@ -58,29 +59,24 @@ protected:
     // The settings file's lines (0-based), CR LF cut off.
     QList<QByteArray> configLines()
     {
-        QFile cfg(m_box.configPath());
-        QList<QByteArray> lines = cfg.open(QIODevice::ReadOnly) ? cfg.readAll().split('\n') : QList<QByteArray>();
+        QList<QByteArray> lines = readFile(m_box.configPath()).split('\n');
         for (QByteArray &l : lines)
             l = l.trimmed();
         return lines;
     }
+    QString preferencesPath() const { return m_box.homeDir() + u"/.config/quorvel/quorvel.conf"_qs; }
     // Edits one line (0-based) of the sandbox's settings file, writing the
     // defaults first when there is none yet.
     void setConfigLine(int line, const QByteArray &value)
     {
         if (!QFile::exists(m_box.configPath())) {
             auto first = launchInstance({});
-            first->terminate();
-            first->waitForExit();
+            first->close();
         }
-        QFile cfg(m_box.configPath());
-        ASSERT_TRUE(cfg.open(QIODevice::ReadOnly));
-        QList<QByteArray> lines = cfg.readAll().split('\n');
-        cfg.close();
+        QList<QByteArray> lines = readFile(m_box.configPath()).split('\n');
         ASSERT_GT(lines.size(), line);
         lines[line] = value + "\r";
-        ASSERT_TRUE(cfg.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        cfg.write(lines.join('\n'));
+        ASSERT_TRUE(writeFile(m_box.configPath(), lines.join('\n')));
     }
     // Runs xdotool with the program window's id put in for "W"; returns what it printed.
     QString xdo(QStringList args)

@@ -24,14 +24,6 @@ QString runTool(const Sandbox &box, const QString &program, const QStringList &a
     return QString::fromUtf8(p.readAll()).trimmed();
 }
 
-void writeFile(const QString &path, const QByteArray &text)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(text);
-}
-
 TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBack)
 {
     const auto mkvDefault = [&] {
@@ -40,8 +32,7 @@ TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBa
     const auto startWithMkvFlag = [&](const QByteArray &flag) {
         setConfigLine(20, flag); // AssocFlags(3)
         auto q = launchInstance({});
-        q->terminate();
-        EXPECT_TRUE(q->waitForExit());
+        EXPECT_TRUE(q->close());
     };
     startWithMkvFlag(" -1 ");
     EXPECT_EQ(mkvDefault(), u"quorvel.desktop"_qs);
@@ -55,27 +46,25 @@ TEST_F(E2eTest, MkvFlagMakesThePlayerTheDefaultAndClearingItGivesTheOldHandlerBa
     EXPECT_TRUE(QFile::exists(icons + u"mimetypes/video-x-matroska.png"_qs));
 
     // Another handler is the user's choice; the player replaces it and gives it back.
-    writeFile(apps + u"other.desktop"_qs, "[Desktop Entry]\nType=Application\nName=Other\nExec=/bin/true %F\n");
+    ASSERT_TRUE(
+        writeFile(apps + u"other.desktop"_qs, "[Desktop Entry]\nType=Application\nName=Other\nExec=/bin/true %F\n"));
     const QString list = m_box.homeDir() + u"/.config/mimeapps.list"_qs;
     const QByteArray before
         = "# mine\n[Default Applications]\ntext/plain=other.desktop\nvideo/x-matroska=other.desktop\n"
           "\n[Added Associations]\nvideo/x-matroska=other.desktop;\n";
-    writeFile(list, before);
+    ASSERT_TRUE(writeFile(list, before));
     ASSERT_EQ(mkvDefault(), u"other.desktop"_qs);
     startWithMkvFlag(" -1 ");
     EXPECT_EQ(mkvDefault(), u"quorvel.desktop"_qs);
     startWithMkvFlag(" 0 ");
     EXPECT_EQ(mkvDefault(), u"other.desktop"_qs);
     EXPECT_FALSE(QFile::exists(icons + u"mimetypes/video-x-matroska.png"_qs));
-    QFile after(list);
-    ASSERT_TRUE(after.open(QIODevice::ReadOnly));
-    EXPECT_EQ(after.readAll(), before);
+    EXPECT_EQ(readFile(list), before);
 }
 
 TEST_F(E2eTest, TickingMkvInOptionsMakesThePlayerTheDefaultAndAboutClosesWithOk)
 {
     auto q = launchInstance({});
-    ASSERT_TRUE(q->waitForLog(traced(trace::kFirstPaint)).hasMatch()); // keys before the window shows are lost
     keys({u"alt+h"_qs, u"Return"_qs});
     ASSERT_TRUE(q->waitForLog(traced(trace::kDialogShown, u" \"About Quorvel\""_qs)).hasMatch())
         << q->log().toStdString();

@@ -83,10 +83,8 @@ TEST_F(DesktopBusTest, TheScreenSaverIsHeldOffWhileTheVideoPlays)
     ASSERT_EQ(standIn.readLine().trimmed(), "ready");
     // Only the player's own calls count: libVLC may ask on its own as well.
     auto quorvelCalls = [&] {
-        QFile f(calls);
-        f.open(QIODevice::ReadOnly);
         QStringList lines, cookies;
-        for (const QByteArray &l : f.readAll().split('\n')) {
+        for (const QByteArray &l : readFile(calls).split('\n')) {
             const QString cookie = QString::fromUtf8(l.mid(l.lastIndexOf(' ') + 1));
             if (l.startsWith("Inhibit Quorvel ") && !cookies.contains(cookie))
                 lines << u"Inhibit "_qs + (cookies << cookie).last();

@@ -23,11 +23,9 @@ TEST_F(E2eTest, ADvdFolderPlaysFromTheCommandLineAndOpenDvdFolderOrImageAndF1Ope
                         + QString::fromLatin1(trace::kAsEntry) + u" 0 info \"Video DVD\""_qs;
     // The desktop's opener stands in for the browser and notes what it got.
     const QString opened = m_box.path(u"opened.txt"_qs);
-    QFile opener(m_box.path(u"xdg-open"_qs));
-    ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
-    opener.write(("#!/bin/sh\necho \"$1\" > '" + opened + "'\n").toUtf8());
-    opener.close();
-    opener.setPermissions(opener.permissions() | QFile::ExeOwner);
+    const QString opener = m_box.path(u"xdg-open"_qs);
+    ASSERT_TRUE(writeFile(opener, ("#!/bin/sh\necho \"$1\" > '" + opened + "'\n").toUtf8()));
+    QFile::setPermissions(opener, QFile::permissions(opener) | QFile::ExeOwner);
 
     auto q = std::make_unique<QuorvelProcess>(m_box, x().display());
     q->setEnv(u"PATH"_qs, m_box.path(QString()) + u':' + qEnvironmentVariable("PATH"));
@@ -52,12 +50,8 @@ TEST_F(E2eTest, ADvdFolderPlaysFromTheCommandLineAndOpenDvdFolderOrImageAndF1Ope
 
     keys({u"F1"_qs});
     ASSERT_TRUE(waitUntil([&] { return QFileInfo(opened).size() > 0; })) << q->log().toStdString();
-    QFile note(opened);
-    ASSERT_TRUE(note.open(QIODevice::ReadOnly));
-    QFile guide(QUrl::fromUserInput(QString::fromUtf8(note.readAll()).trimmed()).toLocalFile());
-    EXPECT_EQ(guide.fileName(), m_box.programDir() + u"/help/index.html"_qs);
-    ASSERT_TRUE(guide.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(guide.readAll().contains("Keyboard shortcuts"));
-    q->terminate();
-    EXPECT_TRUE(q->waitForExit());
+    const QString guide = QUrl::fromUserInput(QString::fromUtf8(readFile(opened)).trimmed()).toLocalFile();
+    EXPECT_EQ(guide, m_box.programDir() + u"/help/index.html"_qs);
+    EXPECT_TRUE(readFile(guide).contains("Keyboard shortcuts"));
+    EXPECT_TRUE(q->close());
 }

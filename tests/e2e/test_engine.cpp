@@ -39,8 +39,7 @@ TEST_F(E2eTest, AnEngineThatCannotStartIsReportedOnceAndTheWindowStaysUsable)
     shoot(u"engine-failed.png"_qs);
     EXPECT_EQ(q->count(QString::fromLatin1(trace::kMessage)), 1) << q->log().toStdString();
     EXPECT_EQ(q->count(QString::fromLatin1(trace::kTick)), 0);
-    q->terminate();
-    EXPECT_TRUE(q->waitForExit());
+    EXPECT_TRUE(q->close());
     EXPECT_EQ(q->exitCode(), 0);
 }
 
@@ -52,11 +51,9 @@ TEST_F(E2eTest, ManyRefusalsGiveOneMessage)
     const QString shown = QString::fromLatin1(trace::kMessageShown);
     QStringList names;
     for (int i = 0; i < 14; ++i) {
-        QFile f(m_box.path(u"junk/not a film %1.mp4"_qs.arg(i, 2, 10, QChar(u'0'))));
-        QDir().mkpath(m_box.path(u"junk"_qs));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("only words here\n");
-        names << u'"' + f.fileName() + u'"';
+        const QString file = m_box.path(u"junk/not a film %1.mp4"_qs.arg(i, 2, 10, QChar(u'0')));
+        ASSERT_TRUE(writeFile(file, "only words here\n"));
+        names << u'"' + file + u'"';
     }
     keys({u"ctrl+o"_qs});
     const QString dialog = xdo({u"search"_qs, u"--sync"_qs, u"--name"_qs, u"^Open"_qs}).section(u'\n', 0, 0);

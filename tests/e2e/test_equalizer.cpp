@@ -36,11 +36,7 @@ protected:
             heard << it.next().captured(1);
         return heard;
     }
-    QString conf()
-    {
-        QFile file(m_box.homeDir() + u"/.config/quorvel/quorvel.conf"_qs);
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-    }
+    QString conf() { return QString::fromUtf8(readFile(preferencesPath())); }
 };
 
 } // namespace
@@ -62,8 +58,7 @@ TEST_F(EqualizerTest, APresetPlaysAtOnceIsKeptAndPlaysAfterARestart)
     const QString kept = conf();
     const auto bands = QRegularExpression(u"\nBands=(.*)\n"_qs).match(kept);
     EXPECT_TRUE(heard.endsWith(u"bands="_qs + bands.captured(1).remove(u' '))) << kept.toStdString();
-    q->terminate();
-    ASSERT_TRUE(q->waitForExit());
+    ASSERT_TRUE(q->close());
 
     // The next start plays the kept levels from its first item on.
     auto again = playing(clip);

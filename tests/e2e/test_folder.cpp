@@ -8,12 +8,7 @@ using namespace quorvel::test;
 TEST_F(E2eTest, WhenTheListEndsTheNextFileOfTheFolderPlaysInNaturalOrder)
 {
     setConfigLine(3, " 0 "); // RepeatMode: no repeat, so the list of one ends
-    const QString conf = m_box.homeDir() + u"/.config/quorvel/quorvel.conf"_qs;
-    QDir().mkpath(QFileInfo(conf).path());
-    QFile prefs(conf);
-    ASSERT_TRUE(prefs.open(QIODevice::WriteOnly));
-    prefs.write("[Folders]\nPlayNextInFolder=true\n");
-    prefs.close();
+    ASSERT_TRUE(writeFile(preferencesPath(), "[Folders]\nPlayNextInFolder=true\n"));
     const QString clip = makeClip(u"e2e-folder-2s.mp4"_qs, 2, u"160x120"_qs);
     for (const char *name : {"ep1", "ep2", "ep10"})
         copyOf(clip, u"show/%1.mp4"_qs.arg(QLatin1String(name)));

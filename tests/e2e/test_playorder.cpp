@@ -41,10 +41,7 @@ protected:
 TEST_F(PlayOrderTest, AFileDamagedAfterItWasAddedIsSaidOnceAndTheListMovesOn)
 {
     auto q = startThree();
-    QFile junk(m_files[1]); // probed when added, junk by the time it plays
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    junk.write(QByteArray(4096, '\x5a'));
-    junk.close();
+    ASSERT_TRUE(writeFile(m_files[1], QByteArray(4096, '\x5a'))); // probed when added, junk by the time it plays
     ASSERT_TRUE(q->waitForLog(traced(trace::kStarted, u" [^\\n]*three\\.mp4"_qs)).hasMatch()) << q->log().toStdString();
     EXPECT_EQ(q->count(QString::fromLatin1(trace::kMessage) + u" Cannot open file <"_qs + m_files[1] + u'>'), 1);
     EXPECT_EQ(startedTitles(q->log()).mid(0, 3), (QStringList{u"one.mp4"_qs, u"two.mp4"_qs, u"three.mp4"_qs}));

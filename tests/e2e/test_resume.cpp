@@ -46,13 +46,11 @@ TEST_F(ResumeTest, StopAndKillKeepThePlaceAndAnotherFileStartsOver)
     EXPECT_NEAR(numbersAfter(*q, trace::kResumed).last(), left, 2'000);
     ASSERT_TRUE(playedTo(*q, left + 500)); // the seek has taken
     shoot(u"resume-prompt.png"_qs, QSize(388, 515));
-    q->terminate();
-    ASSERT_TRUE(q->waitForExit());
+    ASSERT_TRUE(q->close());
 
     // An audio file, the player killed at 0:50: it comes back at 0:40 or later.
-    const QString tone = copyOf(
-        makeMedia(u"e2e-tone-90s.mp3"_qs, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=330:duration=90"_qs}),
-        u"tone.mp3"_qs);
+    const QString tone = copyOf(makeMedia(u"e2e-tone-90s.mp3"_qs, u"-f lavfi -i sine=frequency=330:duration=90"_qs),
+                                u"tone.mp3"_qs);
     auto k = launchInstance({tone});
     ASSERT_TRUE(playedTo(*k, 1));
     keys({u"Right"_qs, u"Right"_qs, u"Right"_qs});
@@ -69,8 +67,7 @@ TEST_F(ResumeTest, StopAndKillKeepThePlaceAndAnotherFileStartsOver)
     const qint64 resumed = numbersAfter(*again, trace::kResumed).last();
     EXPECT_GE(resumed, 40'000);
     EXPECT_GE(resumed, killedAt - 11'000); // saved every 10 s while playing
-    again->terminate();
-    ASSERT_TRUE(again->waitForExit());
+    ASSERT_TRUE(again->close());
 
     // The same picture under another name is another file.
     auto other = launchInstance({longClip(u"film copy.mp4"_qs)});
@@ -97,8 +94,7 @@ TEST_F(ResumeTest, ThePlaylistComesBackAfterARestartAndADamagedOneIsLeftOut)
     ASSERT_TRUE(q->waitForLog(traced(trace::kPlaylistSaved, u" 2 entries"_qs)).hasMatch()) << q->log().toStdString();
     clickAt(100, 56 + 40); // the playing row is the current one again
     ASSERT_TRUE(q->waitForCount(QString::fromLatin1(trace::kRowChosen) + u" 0"_qs, 1));
-    q->terminate();
-    ASSERT_TRUE(q->waitForExit());
+    ASSERT_TRUE(q->close());
 
     auto back = launchInstance({});
     ASSERT_TRUE(back->waitForLog(traced(trace::kPlaylistRestored, u" 2 entries, current 0"_qs)).hasMatch())
@@ -112,13 +108,10 @@ TEST_F(ResumeTest, ThePlaylistComesBackAfterARestartAndADamagedOneIsLeftOut)
     keys({u"ctrl+p"_qs}); // plays the current item from where it was
     ASSERT_TRUE(back->waitForLog(traced(trace::kResumed, u" \\d+ [^\\n]*a.mp4"_qs)).hasMatch());
     EXPECT_GE(numbersAfter(*back, trace::kResumed).last(), 20'000);
-    back->terminate();
-    ASSERT_TRUE(back->waitForExit());
+    ASSERT_TRUE(back->close());
 
-    QFile damaged(m_box.homeDir() + u"/.config/quorvel/playlist.xspf"_qs);
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    damaged.write("<?xml version=\"1.0\"?><playlist><trackList><track><location>");
-    damaged.close();
+    ASSERT_TRUE(writeFile(m_box.homeDir() + u"/.config/quorvel/playlist.xspf"_qs,
+                          "<?xml version=\"1.0\"?><playlist><trackList><track><location>"));
     auto empty = launchInstance({});
     EXPECT_TRUE(empty->log().contains(u"is damaged"_qs)) << empty->log().toStdString();
     EXPECT_FALSE(empty->log().contains(QString::fromLatin1(trace::kAdded)));

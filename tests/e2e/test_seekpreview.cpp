@@ -22,11 +22,10 @@ TEST_F(SeekPreviewTest, TheBoxFollowsThePointerWithNoFrameForAPlaceLeft)
 {
     // Full HD with every frame a key frame: each place on the bar needs a
     // decode of its own, slow enough for the pointer to move on meanwhile.
-    const QString film = copyOf(
-        makeMedia(u"e2e-preview-intra.mp4"_qs,
-                  {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=1920x1080:rate=5:duration=30"_qs, u"-c:v"_qs,
-                   u"libx264"_qs, u"-preset"_qs, u"veryfast"_qs, u"-g"_qs, u"1"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs}),
-        u"film.mp4"_qs);
+    const QString film = copyOf(makeMedia(u"e2e-preview-intra.mp4"_qs,
+                                          u"-f lavfi -i testsrc2=size=1920x1080:rate=5:duration=30 -c:v libx264 "
+                                          u"-preset veryfast -g 1 -pix_fmt yuv420p"_qs),
+                                u"film.mp4"_qs);
     auto q = launchInstance({film});
     ASSERT_TRUE(q->waitForLog(traced(trace::kTick, u"3 time=[1-9]"_qs)).hasMatch()) << q->log().toStdString();
     // The seek bar of the 388 x 515 window: x 56 to 332 at y 406 to 420.

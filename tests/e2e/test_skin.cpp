@@ -104,8 +104,7 @@ TEST_F(SkinTest, StoredGeometryIsKeptOnTheScreenAndMaximizeGoesBack)
         setConfigLine(line, " 2000000000 ");
     auto q = launchInstance({});
     EXPECT_TRUE(waitForSize([](QSize s) { return s == QSize(1280, 1024); })) << windowSize().width();
-    q->terminate();
-    ASSERT_TRUE(q->waitForExit());
+    ASSERT_TRUE(q->close());
     const QList<QByteArray> lines = configLines();
     ASSERT_GE(lines.size(), 46);
     EXPECT_EQ(lines[41].toInt(), 0);
@@ -129,16 +128,13 @@ TEST_F(SkinTest, PicturesForReview)
 {
     const QString file = clip();
     auto idle = launchInstance({});
-    ASSERT_TRUE(idle->waitForLog(traced(trace::kFirstPaint)).hasMatch());
     shoot(QStringLiteral("skin-idle-388x515.png"), windowSize());
-    idle->terminate();
-    idle->waitForExit();
+    idle->close();
     for (int code = 0; code <= 3; ++code) {
         setConfigLine(45, QByteArray(" ") + QByteArray::number(code) + ' ');
         auto q = launchInstance({file});
         ASSERT_TRUE(q->waitForLog(traced(trace::kTick, u"3 time=[1-9]"_qs)).hasMatch());
         shootPlaying(*q, QStringLiteral("skin-playing-388x515-playlist%1.png").arg(code));
-        q->terminate();
-        ASSERT_TRUE(q->waitForExit());
+        ASSERT_TRUE(q->close());
     }
 }

@@ -78,8 +78,7 @@ TEST_F(E2eTest, PlaysTheFirstFileAndLaterStartsHandTheirsOver)
     EXPECT_EQ(running->count(QString::fromLatin1(trace::kStarted) + u" \""_qs), 1); // handed-over files only wait
 
     // SIGTERM closes the window normally and writes the settings.
-    running->terminate();
-    ASSERT_TRUE(running->waitForExit());
+    ASSERT_TRUE(running->close());
     EXPECT_EQ(running->exitCode(), 0);
     EXPECT_TRUE(running->log().contains(QString::fromLatin1(trace::kClosed)));
     EXPECT_EQ(configLines().size(), 47);

@@ -13,52 +13,24 @@ class TracksTest : public E2eTest {
 protected:
     QString subtitleFile(const QString &name, const char *text)
     {
-        QFile srt(m_box.path(name));
-        EXPECT_TRUE(srt.open(QIODevice::WriteOnly));
-        srt.write(QByteArray("1\n00:00:00,000 --> 00:01:00,000\n") + text + "\n");
-        return srt.fileName();
+        EXPECT_TRUE(writeFile(m_box.path(name), QByteArray("1\n00:00:00,000 --> 00:01:00,000\n") + text + "\n"));
+        return m_box.path(name);
     }
     // Two audio tracks (English commentary first, then Japanese) and two
     // subtitle tracks (English, Japanese).
     QString film()
     {
         const QString en = subtitleFile(u"en.srt"_qs, "English"), ja = subtitleFile(u"ja.srt"_qs, "Japanese");
-        const QStringList lavfi{u"-f"_qs, u"lavfi"_qs, u"-i"_qs};
+        const QString inputs
+            = u"-f lavfi -i testsrc2=size=320x240:duration=60 -f lavfi -i sine=frequency=440:duration=60 "
+              u"-f lavfi -i sine=frequency=660:duration=60"_qs;
+        const QString streams = u"-map 0 -map 1 -map 2 -map 3 -map 4 -c:s srt -metadata:s:a:0 language=eng "
+                                u"-metadata:s:a:0 title=Commentary -metadata:s:a:1 language=jpn "
+                                u"-metadata:s:s:0 language=eng -metadata:s:s:1 language=jpn"_qs;
         return makeMedia(u"e2e-tracks.mkv"_qs,
-                         lavfi + QStringList{u"testsrc2=size=320x240:duration=60"_qs} + lavfi
-                             + QStringList{u"sine=frequency=440:duration=60"_qs} + lavfi
-                             + QStringList{u"sine=frequency=660:duration=60"_qs, u"-i"_qs, en, u"-i"_qs, ja}
-                             + QStringList{u"-map"_qs,
-                                           u"0"_qs,
-                                           u"-map"_qs,
-                                           u"1"_qs,
-                                           u"-map"_qs,
-                                           u"2"_qs,
-                                           u"-map"_qs,
-                                           u"3"_qs,
-                                           u"-map"_qs,
-                                           u"4"_qs,
-                                           u"-c:s"_qs,
-                                           u"srt"_qs,
-                                           u"-metadata:s:a:0"_qs,
-                                           u"language=eng"_qs,
-                                           u"-metadata:s:a:0"_qs,
-                                           u"title=Commentary"_qs,
-                                           u"-metadata:s:a:1"_qs,
-                                           u"language=jpn"_qs,
-                                           u"-metadata:s:s:0"_qs,
-                                           u"language=eng"_qs,
-                                           u"-metadata:s:s:1"_qs,
-                                           u"language=jpn"_qs});
+                         inputs.split(u' ') + QStringList{u"-i"_qs, en, u"-i"_qs, ja} + streams.split(u' '));
     }
-    void writePreferences(const QByteArray &lines)
-    {
-        const QString dir = m_box.homeDir() + u"/.config/quorvel"_qs;
-        QDir().mkpath(dir);
-        QFile conf(dir + u"/quorvel.conf"_qs);
-        ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
-        conf.write(lines);
-    }
+    void writePreferences(const QByteArray &lines) { ASSERT_TRUE(writeFile(preferencesPath(), lines)); }
     // A picture of the screen once it has stopped changing (playback paused).
     void settledShot(const QString &name)
     {
@@ -102,8 +74,7 @@ TEST_F(TracksTest, PreferredAudioPlaysTheMenuSwitchesAndTheFileKeepsTheChoice)
     ASSERT_TRUE(q->waitForLog(u"note shown: Subtitle delay: 200 ms"_qs).hasMatch()) << q->log().toStdString();
     EXPECT_TRUE(q->log().contains(QString::fromLatin1(trace::kSubtitleDelay) + u" 200"_qs));
     settledShot(u"tracks-subtitle-delay.png"_qs);
-    q->terminate();
-    ASSERT_TRUE(q->waitForExit());
+    ASSERT_TRUE(q->close());
 
     // The file starts again with the user's track, not the preferred one.
     auto again = launchInstance({clip});

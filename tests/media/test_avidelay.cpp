@@ -18,7 +18,7 @@ QByteArray toneFrames(const char *name, const QStringList &codec)
     const QString path = makeMedia(QString::fromLatin1(name),
                                    QStringList{"-f", "lavfi", "-i", "sine=frequency=440:sample_rate=48000:duration=1"}
                                        + codec);
-    return path.isEmpty() ? QByteArray() : readBytes(path);
+    return path.isEmpty() ? QByteArray() : readFile(path);
 }
 
 QStringList aviArgs(const QStringList &audio, const QStringList &audioInput = {})
@@ -69,14 +69,14 @@ TEST(AviDelay, FilesFromFfmpeg)
 
     // The same MP3 file with a start of 21 written into the audio stream
     // header, as other muxers do for late audio: 21 x 3 / 125 s = 504 ms.
-    QByteArray bytes = readBytes(makeMedia(u"riff-mp3.avi"_qs, aviArgs(mp3)));
+    QByteArray bytes = readFile(makeMedia(u"riff-mp3.avi"_qs, aviArgs(mp3)));
     const qsizetype auds = bytes.indexOf("auds");
     ASSERT_GT(auds, 0);
     ASSERT_EQ(qFromLittleEndian<quint32>(bytes.constData() + auds + 20), 3u); // dwScale, then dwRate
     ASSERT_EQ(qFromLittleEndian<quint32>(bytes.constData() + auds + 24), 125u);
     qToLittleEndian<quint32>(21, bytes.data() + auds + 28);
     QTemporaryDir dir;
-    ASSERT_TRUE(writeBytes(dir.filePath(u"start.avi"_qs), bytes));
+    ASSERT_TRUE(writeFile(dir.filePath(u"start.avi"_qs), bytes));
     EXPECT_EQ(scanText(dir.filePath(u"start.avi"_qs)), u"v-1 a504"_qs);
 }
 
@@ -146,7 +146,7 @@ TEST(AviDelay, HandMadeFiles)
     QTemporaryDir dir;
     const QString path = dir.filePath(u"test.avi"_qs);
     for (const auto &c : cases) {
-        ASSERT_TRUE(writeBytes(path, c.file));
+        ASSERT_TRUE(writeFile(path, c.file));
         EXPECT_EQ(scanText(path), QString::fromLatin1(c.want)) << c.what;
     }
     EXPECT_EQ(scanText(dir.filePath(u"missing.avi"_qs)), u"fail"_qs);

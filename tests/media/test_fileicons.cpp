@@ -1,6 +1,7 @@
 // The file-type icon lookup on a temporary icon theme and desktop entries.
 
 #include "media/fileicons.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QImage>
@@ -10,14 +11,6 @@
 using namespace quorvel;
 
 namespace {
-
-void writeFile(const QString &path, const QByteArray &text)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(text);
-}
 
 void writePicture(const QString &path, QColor colour, int size)
 {
@@ -32,19 +25,22 @@ TEST(FileIcons, ThemeIconThenHandlerIconThenTheUnknownPicture)
     QTemporaryDir tmp;
     const QString data = tmp.filePath(u"data"_qs);
     const QString theme = data + u"/icons/hicolor/"_qs;
-    writeFile(theme + u"index.theme"_qs, "[Icon Theme]\nName=Hicolor\nDirectories=48x48/apps,48x48/mimetypes\n"
-                                         "[48x48/apps]\nSize=48\n[48x48/mimetypes]\nSize=48\n");
+    ASSERT_TRUE(test::writeFile(theme + u"index.theme"_qs,
+                                "[Icon Theme]\nName=Hicolor\nDirectories=48x48/apps,48x48/mimetypes\n"
+                                "[48x48/apps]\nSize=48\n[48x48/mimetypes]\nSize=48\n"));
     writePicture(theme + u"48x48/mimetypes/video-x-matroska.png"_qs, Qt::red, 48);
     writePicture(theme + u"48x48/apps/player.png"_qs, Qt::green, 48);
     writePicture(tmp.filePath(u"pictures/player.png"_qs), Qt::blue, 16);
     writePicture(data + u"/pixmaps/old.xpm"_qs, Qt::cyan, 32);
     writePicture(tmp.filePath(u"program/icons/Unkowen.bmp"_qs), Qt::yellow, 32);
     const QString apps = data + u"/applications/"_qs;
-    writeFile(apps + u"named.desktop"_qs, "[Desktop Entry]\nName=A\nIcon = player\n[Desktop Action X]\nIcon=old\n");
-    writeFile(apps + u"kde/path.desktop"_qs,
-              "[Desktop Entry]\nIcon=" + tmp.filePath(u"pictures/player.png"_qs).toUtf8());
-    writeFile(apps + u"legacy.desktop"_qs, "[Desktop Entry]\nIcon=old\n");
-    writeFile(apps + u"plain.desktop"_qs, "[Desktop Action X]\nIcon=player\n[Desktop Entry]\nName=B\n");
+    ASSERT_TRUE(test::writeFile(apps + u"named.desktop"_qs,
+                                "[Desktop Entry]\nName=A\nIcon = player\n[Desktop Action X]\nIcon=old\n"));
+    ASSERT_TRUE(test::writeFile(apps + u"kde/path.desktop"_qs,
+                                "[Desktop Entry]\nIcon=" + tmp.filePath(u"pictures/player.png"_qs).toUtf8()));
+    ASSERT_TRUE(test::writeFile(apps + u"legacy.desktop"_qs, "[Desktop Entry]\nIcon=old\n"));
+    ASSERT_TRUE(
+        test::writeFile(apps + u"plain.desktop"_qs, "[Desktop Action X]\nIcon=player\n[Desktop Entry]\nName=B\n"));
     QIcon::setThemeSearchPaths({data + u"/icons"_qs});
     QIcon::setThemeName(u"hicolor"_qs);
 

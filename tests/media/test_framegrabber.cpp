@@ -2,6 +2,7 @@
 // seconds, the bounded cache and its nearest frame, only the latest of a
 // burst of requests, and files without a picture.
 #include "media/framegrabber.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 #include "support/waituntil.h"
 
@@ -17,9 +18,8 @@ namespace {
 QString clip()
 {
     return test::makeMedia(u"grabber-10s.mp4"_qs,
-                           {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=320x180:rate=25:duration=10"_qs,
-                            u"-c:v"_qs, u"libx264"_qs, u"-preset"_qs, u"ultrafast"_qs, u"-g"_qs, u"25"_qs,
-                            u"-keyint_min"_qs, u"25"_qs, u"-sc_threshold"_qs, u"0"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs});
+                           u"-f lavfi -i testsrc2=size=320x180:rate=25:duration=10 -c:v libx264 "
+                           u"-preset ultrafast -g 25 -keyint_min 25 -sc_threshold 0 -pix_fmt yuv420p"_qs);
 }
 
 class Answers {
@@ -111,21 +111,18 @@ TEST(FrameGrabberTest, OnlyTheLatestOfABurstIsWorkedOn)
 
 TEST(FrameGrabberTest, FilesWithoutFramesShowTheirCoverOrTheTimeAlone)
 {
-    const QStringList tone{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=330:duration=2"_qs};
-    const QString covered = test::makeMedia(
-        u"grabber-cover.mp3"_qs,
-        QStringList{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=120x90:duration=1"_qs} + tone
-            + QStringList{u"-map"_qs, u"1:a"_qs, u"-map"_qs, u"0:v"_qs, u"-frames:v"_qs, u"1"_qs, u"-c:v"_qs, u"png"_qs,
-                          u"-disposition:v"_qs, u"attached_pic"_qs});
+    const QString tone = u"-f lavfi -i sine=frequency=330:duration=2"_qs;
+    const QString covered = test::makeMedia(u"grabber-cover.mp3"_qs, u"-f lavfi -i testsrc2=size=120x90:duration=1 "_qs
+                                                                         + tone
+                                                                         + u" -map 1:a -map 0:v -frames:v 1 -c:v png "
+                                                                           u"-disposition:v attached_pic"_qs);
     const QString bare = test::makeMedia(u"grabber-bare.mp3"_qs, tone);
     QTemporaryDir dir;
-    QFile junk(dir.filePath(u"junk.mp4"_qs));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write(QByteArray(4096, 'x'));
-    junk.close();
+    const QString junk = dir.filePath(u"junk.mp4"_qs);
+    ASSERT_TRUE(test::writeFile(junk, QByteArray(4096, 'x')));
     const std::vector<std::pair<QString, PreviewFrame::Kind>> files{{covered, PreviewFrame::Cover},
                                                                     {bare, PreviewFrame::None},
-                                                                    {junk.fileName(), PreviewFrame::None},
+                                                                    {junk, PreviewFrame::None},
                                                                     {dir.filePath(u"gone.mp4"_qs), PreviewFrame::None}};
     FrameGrabber g;
     Answers a(g);

@@ -21,22 +21,23 @@ using namespace quorvel;
 
 namespace {
 
-const QStringList kAV = {u"-f"_qs,       u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=176x144:rate=25:duration=2"_qs,
-                         u"-f"_qs,       u"lavfi"_qs, u"-i"_qs, u"sine=frequency=330:sample_rate=44100:duration=2"_qs,
-                         u"-shortest"_qs};
-const QStringList kA = kAV.mid(4, 4);
+QStringList words(const QString &line)
+{
+    return line.split(u' ');
+}
+
+const QStringList kA = words(u"-f lavfi -i sine=frequency=330:sample_rate=44100:duration=2"_qs);
+const QStringList kAV = words(u"-f lavfi -i testsrc2=size=176x144:rate=25:duration=2"_qs) + kA + words(u"-shortest"_qs);
 
 const QList<std::pair<QString, QStringList>> kSamples{
-    {u"probe-h264-aac.mp4"_qs, kAV + QStringList{u"-c:v"_qs, u"libx264"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs}},
-    {u"probe-mpeg4-mp3.avi"_qs, kAV + QStringList{u"-c:v"_qs, u"mpeg4"_qs, u"-c:a"_qs, u"libmp3lame"_qs}},
-    {u"probe-mpeg4-ac3.avi"_qs, kAV + QStringList{u"-c:v"_qs, u"mpeg4"_qs, u"-c:a"_qs, u"ac3"_qs, u"-ac"_qs, u"6"_qs}},
-    {u"probe-mpeg2-mp2.mpg"_qs, kAV + QStringList{u"-c:v"_qs, u"mpeg2video"_qs, u"-c:a"_qs, u"mp2"_qs}},
+    {u"probe-h264-aac.mp4"_qs, kAV + words(u"-c:v libx264 -pix_fmt yuv420p"_qs)},
+    {u"probe-mpeg4-mp3.avi"_qs, kAV + words(u"-c:v mpeg4 -c:a libmp3lame"_qs)},
+    {u"probe-mpeg4-ac3.avi"_qs, kAV + words(u"-c:v mpeg4 -c:a ac3 -ac 6"_qs)},
+    {u"probe-mpeg2-mp2.mpg"_qs, kAV + words(u"-c:v mpeg2video -c:a mp2"_qs)},
     {u"probe-pcm.wav"_qs, kA},
     // Cover art, which ffmpeg shows as a video stream.
-    {u"probe-cover.mp3"_qs, QStringList{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=120x90:rate=1:duration=1"_qs}
-                                + kA
-                                + QStringList{u"-map"_qs, u"1:a"_qs, u"-map"_qs, u"0:v"_qs, u"-frames:v"_qs, u"1"_qs,
-                                              u"-c:v"_qs, u"png"_qs, u"-disposition:v"_qs, u"attached_pic"_qs}},
+    {u"probe-cover.mp3"_qs, words(u"-f lavfi -i testsrc2=size=120x90:rate=1:duration=1"_qs) + kA
+                                + words(u"-map 1:a -map 0:v -frames:v 1 -c:v png -disposition:v attached_pic"_qs)},
 };
 
 QString sample(int i)
@@ -133,11 +134,9 @@ TEST(Probe, BothWaysAgreeWithFfprobeAndWithEachOther)
 
 TEST(Probe, MpegFilesGetMpgtxDetailsOrKeepFfmpegsFigures)
 {
-    const QString path = test::makeMedia(
-        u"probe-mpeg2-4x3.mpg"_qs,
-        QStringList{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=320x240:rate=25:duration=2"_qs} + kA
-            + QStringList{u"-c:v"_qs, u"mpeg2video"_qs, u"-aspect"_qs, u"4:3"_qs, u"-c:a"_qs, u"mp2"_qs,
-                          u"-shortest"_qs});
+    const QString path = test::makeMedia(u"probe-mpeg2-4x3.mpg"_qs,
+                                         words(u"-f lavfi -i testsrc2=size=320x240:rate=25:duration=2"_qs) + kA
+                                             + words(u"-c:v mpeg2video -aspect 4:3 -c:a mp2 -shortest"_qs));
     for (const ProbeEngine engine : kEngines) {
         clsSource src;
         ProbeResult result;

@@ -1,22 +1,13 @@
 // The console runner with real processes: every byte in order, both streams,
 // no shell in between, and the numbered errors.
 #include "media/processrunner.h"
+#include "support/files.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
-
-namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-} // namespace
 
 TEST(ProcessRunner, CopiesEveryByteInOrderAfterTheCommandLine)
 {
@@ -47,13 +38,13 @@ TEST(ProcessRunner, CopiesEveryByteInOrderAfterTheCommandLine)
     };
     for (const auto &c : cases) {
         ASSERT_TRUE(RunPiped(c.program, c.args, out));
-        EXPECT_EQ(readAll(out), CommandLineText(c.program, c.args).toUtf8() + "\r\n" + c.printed)
+        EXPECT_EQ(test::readFile(out), CommandLineText(c.program, c.args).toUtf8() + "\r\n" + c.printed)
             << c.args.join(u' ').left(60).toStdString();
     }
     EXPECT_FALSE(QFile::exists(marker));
     // The working folder is the one asked for.
     ASSERT_TRUE(RunPiped(sh, {u"-c"_qs, u"pwd"_qs}, out, dir.path()));
-    EXPECT_TRUE(readAll(out).endsWith(QFile::encodeName(dir.path()) + "\n"));
+    EXPECT_TRUE(test::readFile(out).endsWith(QFile::encodeName(dir.path()) + "\n"));
 }
 
 TEST(ProcessRunner, NumberedErrorsAndShellExecuteWait)

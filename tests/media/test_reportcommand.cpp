@@ -1,5 +1,6 @@
 // "quorvel --report FILE" run as users run it, with no display at all.
 #include "media/ffmpegprobe.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 
 #include <QFile>
@@ -16,9 +17,8 @@ TEST(ReportCommand, PrintsTheKeptReportOrTheRefusal)
     const ProbeResult probed = FfmpegProbe(LoadMediaTables(test::programDir() + u'/')).probe(clip);
     ASSERT_TRUE(probed.ok);
     QTemporaryDir dir;
-    QFile text(dir.filePath(u"not a movie.mp4"_qs));
-    ASSERT_TRUE(text.open(QIODevice::WriteOnly) && text.write("plain words\n") > 0);
-    text.close();
+    const QString text = dir.filePath(u"not a movie.mp4"_qs);
+    ASSERT_TRUE(test::writeFile(text, "plain words\n"));
 
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     for (const QString &name : {u"DISPLAY"_qs, u"WAYLAND_DISPLAY"_qs, u"QT_QPA_PLATFORM"_qs})
@@ -30,7 +30,7 @@ TEST(ReportCommand, PrintsTheKeptReportOrTheRefusal)
         int code;
         QString out, err;
     } cases[] = {{clip, 0, probed.mediaInfo + u'\n', {}},
-                 {text.fileName(), 1, {}, u"Unsupported file format or the file is corrupted."_qs}};
+                 {text, 1, {}, u"Unsupported file format or the file is corrupted."_qs}};
     for (const auto &c : cases) {
         QProcess p;
         p.setProcessEnvironment(env);

@@ -2,8 +2,9 @@
 // Hand-made RIFF and AVI files for the parser tests: little-endian pieces put
 // together byte by byte, so a test states exactly what the file holds.
 
+#include "support/files.h"
 #include <QByteArray>
-#include <QFile>
+
 #include <QString>
 #include <QtEndian>
 
@@ -70,18 +71,6 @@ inline QByteArray junk(int size)
     for (int i = 0; i < size; ++i)
         b[i] = char(0x10 + (i * 37) % 0xC0);
     return b;
-}
-
-inline bool writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
-}
-
-inline QByteArray readBytes(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 } // namespace quorvel::test

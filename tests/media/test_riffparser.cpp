@@ -64,7 +64,7 @@ TEST(RiffParser, OddSizesListsSkippingAndCutFiles)
     QTemporaryDir dir;
     const QString path = dir.filePath(u"odd.riff"_qs);
     for (const auto &c : cases) {
-        ASSERT_TRUE(writeBytes(path, c.file));
+        ASSERT_TRUE(writeFile(path, c.file));
         clsRIFFParser parser;
         ASSERT_TRUE(parser.OpenFile(path));
         EXPECT_EQ(walk(parser, c.skip), QString::fromLatin1(c.want)) << c.file.left(40).toHex().constData();
@@ -82,10 +82,10 @@ TEST(RiffParser, RefusesWhatIsNotRiff)
     EXPECT_FALSE(parser.OpenFile(dir.path())) << "a folder";
     const QString path = dir.filePath(u"file.avi"_qs);
     for (const QByteArray &bytes : {QByteArray(), QByteArray("RIFF\x04\x00", 6), "RIFX" + le32(4) + "AVI "}) {
-        ASSERT_TRUE(writeBytes(path, bytes));
+        ASSERT_TRUE(writeFile(path, bytes));
         EXPECT_FALSE(parser.OpenFile(path)) << bytes.toHex().constData();
     }
-    ASSERT_TRUE(writeBytes(path, riff("WAVE", chunk("fmt ", QByteArray(16, '\1')))));
+    ASSERT_TRUE(writeFile(path, riff("WAVE", chunk("fmt ", QByteArray(16, '\1')))));
     ASSERT_TRUE(parser.OpenFile(path)) << "any RIFF form opens";
     EXPECT_EQ(parser.FileType(), QByteArray("WAVE"));
 }

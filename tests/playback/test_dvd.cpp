@@ -1,6 +1,7 @@
 #include "menus/menumodel.h"
 #include "playback/dvdplayback.h"
 #include "support/fakedrivelist.h"
+#include "support/files.h"
 #include "support/playbackrig.h"
 
 #include <QDir>
@@ -20,14 +21,12 @@ TEST(DvdDrives, SystemTablesDvdSourcesAndCaptions)
 
     QTemporaryDir dir;
     const QString film = dir.filePath(u"Film"_qs);
-    QDir().mkpath(film + u"/video_ts"_qs);
-    QFile(film + u"/video_ts/VIDEO_TS.IFO"_qs).open(QIODevice::WriteOnly);
+    ASSERT_TRUE(test::writeFile(film + u"/video_ts/VIDEO_TS.IFO"_qs));
     QDir().mkpath(dir.filePath(u"Plain"_qs));
-    for (const QByteArray &id : {QByteArray("CD001"), QByteArray("NONE!")}) {
-        QFile image(dir.filePath(QString::fromLatin1(id) + u".ISO"_qs));
-        image.open(QIODevice::WriteOnly);
-        image.write(QByteArray(16 * 2048, '\0') + '\1' + id + QByteArray(34, '\0') + "MOVIE" + QByteArray(2100, '\0'));
-    }
+    for (const QByteArray &id : {QByteArray("CD001"), QByteArray("NONE!")})
+        ASSERT_TRUE(test::writeFile(dir.filePath(QString::fromLatin1(id) + u".ISO"_qs),
+                                    QByteArray(16 * 2048, '\0') + '\1' + id + QByteArray(34, '\0') + "MOVIE"
+                                        + QByteArray(2100, '\0')));
     bool readable = false;
     EXPECT_EQ(IsoVolumeLabel(dir.filePath(u"CD001.ISO"_qs), &readable), u"MOVIE"_qs); // NUL-padded
     const struct {

@@ -4,6 +4,7 @@
 #include "playback/resumekeeper.h"
 #include "playback/trackkeeper.h"
 #include "support/fakeengine.h"
+#include "support/files.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -22,10 +23,8 @@ struct ResumeRig {
     ResumeKeeper keeper{engine, state, store, prefs};
     QString file(const QString &name, int bytes = 100)
     {
-        QFile f(dir.filePath(name));
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(QByteArray(bytes, 'x'));
-        return f.fileName();
+        EXPECT_TRUE(test::writeFile(dir.filePath(name), QByteArray(bytes, 'x')));
+        return dir.filePath(name);
     }
     // Starts `path` and plays it to `atMs` of `lengthMs`.
     void playTo(const QString &path, double atMs, double lengthMs)

@@ -1,6 +1,7 @@
 // The real libVLC engine: a video started again and again on a surface that
 // is no X11 window, and the locations files are handed to it as.
 #include "playback/vlcengine.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 #include "support/waituntil.h"
 
@@ -56,16 +57,11 @@ TEST(VlcEngine, LocalFilesGoAsPathsAndOnlyExplicitUrisAsLocations)
 TEST(VlcEngine, ListsAndSwitchesTracksAddsASubtitleFileAndMovesTheDelay)
 {
     const QString srt = test::testMediaDir() + u"/added-by-hand.srt"_qs;
-    QFile text(srt);
-    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
-    text.write("1\n00:00:00,000 --> 00:00:20,000\nHello\n");
-    text.close();
-    const QStringList tone{u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=duration=20"_qs};
-    const QString clip = test::makeMedia(
-        u"engine-tracks.mkv"_qs,
-        tone + tone
-            + QStringList{u"-map"_qs, u"0"_qs, u"-map"_qs, u"1"_qs, u"-metadata:s:a:0"_qs, u"language=eng"_qs,
-                          u"-metadata:s:a:0"_qs, u"title=Commentary"_qs, u"-metadata:s:a:1"_qs, u"language=jpn"_qs});
+    ASSERT_TRUE(test::writeFile(srt, "1\n00:00:00,000 --> 00:00:20,000\nHello\n"));
+    const QString clip = test::makeMedia(u"engine-tracks.mkv"_qs,
+                                         u"-f lavfi -i sine=duration=20 -f lavfi -i sine=duration=20 -map 0 -map 1 "
+                                         u"-metadata:s:a:0 language=eng -metadata:s:a:0 title=Commentary "
+                                         u"-metadata:s:a:1 language=jpn"_qs);
     ASSERT_FALSE(clip.isEmpty());
     VlcEngine engine(nullptr);
     engine.createControl();

@@ -3,6 +3,7 @@
 #include "settings/filestore.h"
 #include "settings/mimeappslist.h"
 #include "settings/xdgassociations.h"
+#include "support/files.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -40,23 +41,13 @@ struct Tree {
     {
         return with([i](FileAssociations &a) { return a.IsAssociated(i); });
     }
-    QByteArray read() const
+    QByteArray read(const QString &path = u"config/mimeapps.list"_qs) const
     {
-        QFile f(list());
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<none>");
+        return test::readFile(dir.filePath(path), "<none>");
     }
-    void write(const QByteArray &text, const QString &path = {}) const
+    void write(const QByteArray &text, const QString &path = u"config/mimeapps.list"_qs) const
     {
-        const QString file = path.isEmpty() ? list() : dir.filePath(path);
-        QDir().mkpath(QFileInfo(file).path());
-        QFile f(file);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(text);
-    }
-    QByteArray read(const QString &path) const
-    {
-        QFile f(dir.filePath(path));
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<none>");
+        ASSERT_TRUE(test::writeFile(dir.filePath(path), text));
     }
 };
 
@@ -115,9 +106,7 @@ TEST(FileAssociations, SharedTypesDesktopEntryAndDefaultsTheStoreDidNotSave)
     EXPECT_EQ(t.read(theme + u"mimetypes/video-mpeg.png"_qs), ours + "mimetypes/quorvel-mpg");
     EXPECT_EQ(t.read(theme + u"mimetypes/video-x-matroska.png"_qs), "mine");
     // The desktop entry quotes a program path with blanks and passes the add-only marker.
-    QFile f(t.dir.filePath(u"data/applications/quorvel.desktop"_qs));
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    const QByteArray entry = f.readAll();
+    const QByteArray entry = t.read(u"data/applications/quorvel.desktop"_qs);
     EXPECT_TRUE(entry.contains("\nExec=\"/opt/My Player/quorvel\" %F\n")) << entry.toStdString();
     EXPECT_TRUE(entry.contains("\nExec=\"/opt/My Player/quorvel\" \"*Add\" %F\n")) << entry.toStdString();
     EXPECT_TRUE(entry.contains("\nIcon=quorvel\n")) << entry.toStdString();

@@ -1,4 +1,5 @@
 #include "settings/configfile.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,19 +18,6 @@ SettingsEnvironment testEnvironment()
     env.screenWidthPx = 1280;
     env.screenHeightPx = 1024;
     return env;
-}
-
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-void writeAll(const QString &path, const QByteArray &data)
-{
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(data);
 }
 
 // Every value different from its default, and texts with blanks and letters
@@ -72,13 +60,13 @@ TEST(ConfigFile, RoundTripsEveryValueInCrLfLines)
     const QString path = dir.filePath(u"Config.cfg"_qs);
     const Settings s = unusualSettings();
     ASSERT_TRUE(ConfigFile::write(path, s));
-    const QList<QByteArray> lines = readAll(path).split('\n');
+    const QList<QByteArray> lines = test::readFile(path).split('\n');
     ASSERT_EQ(lines.size(), 47);                     // 46 lines and the empty rest after the last CR LF
     EXPECT_EQ(lines[2] + lines[41], " 2 \r-300 \r"); // PlayMode, WindowLeft: blanks around numbers
     const ConfigFile::LoadResult back = ConfigFile::load(path, testEnvironment());
     EXPECT_FALSE(back.usedDefaults);
     EXPECT_EQ(back.settings, s);
-    EXPECT_EQ(readAll(path), ConfigFile::serialize(s)); // reading did not touch the file
+    EXPECT_EQ(test::readFile(path), ConfigFile::serialize(s)); // reading did not touch the file
 }
 
 TEST(ConfigFile, DamagedFilesGiveDefaultsAndAreRewritten)
@@ -92,10 +80,10 @@ TEST(ConfigFile, DamagedFilesGiveDefaultsAndAreRewritten)
 
     // Cut after each line: every short file falls back.
     for (int keep = 0; keep < 46; ++keep) {
-        writeAll(path, lines.mid(0, keep).join('\n') + (keep ? "\n" : ""));
+        ASSERT_TRUE(test::writeFile(path, lines.mid(0, keep).join('\n') + (keep ? "\n" : "")));
         const ConfigFile::LoadResult r = ConfigFile::load(path, env);
         EXPECT_TRUE(r.usedDefaults && r.settings == DefaultSettings(env)) << "kept " << keep << " lines";
-        EXPECT_EQ(readAll(path), defaults) << "kept " << keep << " lines";
+        EXPECT_EQ(test::readFile(path), defaults) << "kept " << keep << " lines";
     }
 
     // A letter where a number is due (the texts read before it are lost too),
@@ -107,9 +95,9 @@ TEST(ConfigFile, DamagedFilesGiveDefaultsAndAreRewritten)
         if (data.isEmpty())
             QFile::remove(path);
         else
-            writeAll(path, data);
+            ASSERT_TRUE(test::writeFile(path, data));
         EXPECT_TRUE(ConfigFile::load(path, env).usedDefaults) << data.left(20).toStdString();
-        EXPECT_EQ(readAll(path), defaults);
+        EXPECT_EQ(test::readFile(path), defaults);
     }
 }
 
@@ -146,18 +134,18 @@ TEST(ConfigFile, EmptyDefaultFolderBecomesTheDesktopLooseNumbersAreReadAndAFaile
     s.AlwaysOnTop = 1;                           // flags count when non-zero
     QByteArray loose = ConfigFile::serialize(s); // blanks around numbers and LF-only lines
     loose.replace("\r\n", "\n").replace(" 2 \n", "   2\t\n");
-    writeAll(path, loose);
+    ASSERT_TRUE(test::writeFile(path, loose));
     const ConfigFile::LoadResult r = ConfigFile::load(path, testEnvironment());
     EXPECT_EQ(r.settings.DefaultFolder, u"/home/u/Desktop"_qs);
     EXPECT_TRUE(!r.usedDefaults && IsSet(r.settings.AlwaysOnTop) && r.settings.PlayMode == 2);
 
-    const QByteArray before = readAll(path);
+    const QByteArray before = test::readFile(path);
     EXPECT_FALSE(ConfigFile::write(dir.filePath(u"missing/Config.cfg"_qs), unusualSettings()));
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::ExeOwner);
     const bool wrote = ConfigFile::write(path, DefaultSettings(testEnvironment()));
     QFile::setPermissions(dir.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     if (!wrote) { // root may write anyway
-        EXPECT_EQ(readAll(path), before);
+        EXPECT_EQ(test::readFile(path), before);
     }
 }
 
@@ -203,7 +191,7 @@ TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
             EXPECT_EQ(loaded.settings, mine);
             mine.PlayMode = 0;
             EXPECT_TRUE(ConfigFile::write(where, mine));
-            EXPECT_EQ(readAll(beside), ConfigFile::serialize(unusualSettings()));
+            EXPECT_EQ(test::readFile(beside), ConfigFile::serialize(unusualSettings()));
             EXPECT_EQ(ConfigFile::load(ConfigFile::locate(program, user), testEnvironment()).settings, mine);
         }
         // Nowhere to write: nothing is written and nothing fails.

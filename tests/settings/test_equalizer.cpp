@@ -1,5 +1,6 @@
 #include "settings/equalizermodel.h"
 #include "settings/playbackprefs.h"
+#include "support/files.h"
 #include "support/qstringprint.h"
 
 #include <QFile>
@@ -107,10 +108,7 @@ TEST(EqualizerSettings, RoundTripBesideThePreferencesAndDamagedReadsOff)
     EXPECT_EQ(LoadPlaybackPrefs(path), prefs);
 
     ASSERT_TRUE(SaveEqualizerSettings(path, {true, u"Rock"_qs, levels(5, 8)}));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray good = file.readAll();
-    file.close();
+    const QByteArray good = test::readFile(path);
     ASSERT_TRUE(good.contains("Bands=8, 7, 6, 5, 4, 3, 2, 1, 0, -1")) << good.toStdString();
     const std::pair<const char *, const char *> damages[] = {
         {"Bands=8, 7, 6, 5, 4, 3, 2, 1, 0, -1", "Bands=8, 7, 6"},
@@ -121,9 +119,7 @@ TEST(EqualizerSettings, RoundTripBesideThePreferencesAndDamagedReadsOff)
         {"Preset=Rock", "Preset="},
     };
     for (const auto &[from, to] : damages) {
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(QByteArray(good).replace(from, to));
-        file.close();
+        ASSERT_TRUE(test::writeFile(path, QByteArray(good).replace(from, to)));
         EXPECT_EQ(LoadEqualizerSettings(path), EqualizerSettings{}) << to;
     }
 }

@@ -1,5 +1,6 @@
 #include "settings/filestore.h"
 #include "settings/playbackprefs.h"
+#include "support/files.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -61,18 +62,13 @@ TEST(FileStore, DamagedFileReadsAsEmptyAndIsRewritten)
         SCOPED_TRACE(content.toStdString());
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("registry.json"));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        file.close();
-
+        ASSERT_TRUE(test::writeFile(path, content));
         FileStore store(path);
         EXPECT_EQ(store.RegGetString(QStringLiteral("k"), QStringLiteral("0"), QStringLiteral("none")),
                   QStringLiteral("none"));
         EXPECT_EQ(store.RegGetString(kKey, QStringLiteral("0")), QString());
         store.RegSetString(kKey, QStringLiteral("0"), QStringLiteral("/b.mkv"));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_TRUE(QJsonDocument::fromJson(file.readAll()).isObject());
+        EXPECT_TRUE(QJsonDocument::fromJson(test::readFile(path)).isObject());
         EXPECT_EQ(FileStore(path).RegGetString(kKey, QStringLiteral("0")), QStringLiteral("/b.mkv"));
     }
 }

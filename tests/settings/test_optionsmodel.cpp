@@ -8,11 +8,11 @@ namespace {
 
 // "Config.cfg" as a record: read on open, written on store.
 struct FileHost : OptionsHost {
-    Settings file, *live = nullptr;
+    Settings file, live;
     int associationCalls = 0, applied = 0;
-    void LoadConfigurations() override { *live = file; }
+    void LoadConfigurations() override { live = file; }
     void ApplyAssociations(const std::array<std::int16_t, kMediaExtensionCount> &) override { ++associationCalls; }
-    void WriteConfigurations() override { file = *live; }
+    void WriteConfigurations() override { file = live; }
     void SetLoadedOptions() override { ++applied; }
 };
 
@@ -58,13 +58,11 @@ TEST(OptionsModel, StoresOnlyOnApplyOrOkAndReadsTheFileOnEveryOpen)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        Settings live;
         FileHost host;
-        host.live = &live;
         if (c.file)
             c.file(host.file);
         const Settings before = host.file;
-        OptionsModel m(live, host);
+        OptionsModel m(host.live, host);
         m.showPage(PageAssocciations);
         m.open();
         EXPECT_EQ(m.CurrentPage(), PagePlayer);
@@ -86,22 +84,18 @@ TEST(OptionsModel, EveryControlRoundTripsAndTheSelectionSetsSplitTheRows)
         for (bool on : {true, false}) {
             if (!on && OptionsModel::PlayerControls()[i].kind == PlayerControl::Option)
                 continue; // an option is cleared by choosing another
-            Settings live;
             FileHost host;
-            host.live = &live;
-            OptionsModel first(live, host);
+            OptionsModel first(host.live, host);
             first.open();
             first.setChecked(i, on);
             first.StoreSettings();
-            OptionsModel again(live, host);
+            OptionsModel again(host.live, host);
             again.open();
             EXPECT_EQ(again.isChecked(i), on) << i;
         }
     }
-    Settings live;
     FileHost host;
-    host.live = &live;
-    OptionsModel m(live, host);
+    OptionsModel m(host.live, host);
     std::array<bool, kMediaExtensionCount> audio{};
     for (auto start : {&OptionsModel::SelectAll, &OptionsModel::DeselectAll}) {
         (m.*start)();

@@ -3,6 +3,7 @@
 #include "skintestdata.h"
 
 #include "skin/skinimages.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -39,14 +40,8 @@ TEST(SkinImages, MissingOrBrokenFileStopsTheLoad)
 {
     for (bool broken : {false, true}) { // there but no picture, else removed
         SkinCopy copy;
-        QFile file(copy.dir.filePath("images/Over/Pause.jpg"));
-        if (broken) {
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-            file.write("this is not a picture");
-            file.close();
-        } else {
-            ASSERT_TRUE(file.remove());
-        }
+        const QString pause = copy.dir.filePath("images/Over/Pause.jpg");
+        ASSERT_TRUE(broken ? test::writeFile(pause, "this is not a picture") : QFile::remove(pause));
         SkinImages images;
         EXPECT_GT(images.LoadSkinImages(copy.folder()), 0) << broken;
         EXPECT_FALSE(images.isComplete());

@@ -63,18 +63,17 @@ QString makeMedia(const QString &name, const QStringList &args)
 QString makeClip(const QString &name, double seconds, const QString &size)
 {
     const QString d = QString::number(seconds);
-    return makeMedia(name, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=%1:rate=25:duration=%2"_qs.arg(size, d),
-                            u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=440:duration=%1"_qs.arg(d),
-                            u"-shortest"_qs, u"-pix_fmt"_qs, u"yuv420p"_qs});
+    return makeMedia(name,
+                     u"-f lavfi -i testsrc2=size=%1:rate=25:duration=%2 -f lavfi -i sine=frequency=440:duration=%2 "
+                     u"-shortest -pix_fmt yuv420p"_qs.arg(size, d));
 }
 
 QString makeDvdFolder(const QString &name, double seconds)
 {
     const QString d = QString::number(seconds);
-    const QString clip = makeMedia(
-        name + u".mpg"_qs, {u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"testsrc2=size=720x480:rate=30000/1001:duration="_qs + d,
-                            u"-f"_qs, u"lavfi"_qs, u"-i"_qs, u"sine=frequency=440:duration="_qs + d, u"-shortest"_qs,
-                            u"-target"_qs, u"ntsc-dvd"_qs, u"-f"_qs, u"dvd"_qs});
+    const QString clip = makeMedia(name + u".mpg"_qs, u"-f lavfi -i testsrc2=size=720x480:rate=30000/1001:duration=%1 "
+                                                      u"-f lavfi -i sine=frequency=440:duration=%1 -shortest "
+                                                      u"-target ntsc-dvd -f dvd"_qs.arg(d));
     const QString folder = testMediaDir() + u'/' + name;
     QLockFile lock(folder + u".lock"_qs);
     lock.setStaleLockTime(0);

@@ -10,6 +10,11 @@ namespace quorvel::test {
 // Runs ffmpeg with `args` (output path appended) unless `name` exists in the
 // test media folder; returns the path, or an empty string when ffmpeg failed.
 QString makeMedia(const QString &name, const QStringList &args);
+// The same with `args` in one line, split at blanks (so none may hold one).
+inline QString makeMedia(const QString &name, const QString &args)
+{
+    return makeMedia(name, args.split(u' ', Qt::SkipEmptyParts));
+}
 
 // A clip with picture (testsrc2) and a sine tone of `seconds` length.
 QString makeClip(const QString &name, double seconds, const QString &size = QStringLiteral("320x240"));

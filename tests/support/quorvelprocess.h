@@ -43,6 +43,8 @@ public:
     bool waitForCount(const QString &text, int count, int timeoutMs = 60000);
     bool waitForExit(int timeoutMs = 30000);
     void terminate() { m_process->terminate(); }
+    // Ends the program as a session does and waits for it.
+    bool close() { return terminate(), waitForExit(); }
     void kill() { m_process->kill(); }
     QString log() const;
     int count(const QString &text) const { return int(log().count(text)); }
