@@ -81,12 +81,6 @@ bool MenuModel::isVisible(const QString &key) const
     return valid(i) && m_items[i].visible;
 }
 
-void MenuModel::checkOneOf(const QStringList &group, const QString &key)
-{
-    for (const QString &k : group)
-        setChecked(k, k == key);
-}
-
 void MenuModel::choose(int position)
 {
     if (valid(position) && m_items[position].enabled && m_items[position].kind != MenuItem::Separator)

@@ -46,8 +46,6 @@ public:
     bool isEnabled(const QString &key) const;
     bool isVisible(const QString &key) const;
     QString caption(const QString &key) const { return CaptionAt(IndexOfKey(key)); }
-    // Checks `key` and unchecks the others of its group.
-    void checkOneOf(const QStringList &group, const QString &key);
 
     int count() const { return static_cast<int>(m_items.size()); }
     const MenuItem &item(int position) const { return m_items.at(position); }
