@@ -133,7 +133,8 @@ void MainWindow::InitPlayer()
         EqualizerKeeper::Parts{this, menu(), classicMenu(), *m_engine, m_surface->images(), m_notifier},
         PlaybackPrefsPath());
     m_tracks = std::make_unique<WindowTracks>(
-        WindowTracks::Parts{this, m_videoFrame, *m_engine, m_playback, *m_player, *m_dispatcher, *m_chooser});
+        WindowTracks::Parts{this, m_videoFrame, *m_engine, m_playback, *m_player, *m_dispatcher, *m_chooser,
+                            m_session->resumeStore(), [session = m_session.get()] { return session->prefs(); }});
     m_player->createEngine();
 }
 

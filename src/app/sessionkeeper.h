@@ -54,6 +54,10 @@ public:
     QStringList droppedFiles(const QStringList &paths) const;
     // The window closes: the playlist and the current position are saved now.
     void windowClosing();
+    // The preferences in force, as last loaded or edited.
+    const PlaybackPrefs &prefs() const { return m_prefs; }
+    // The process's one store of positions and track choices.
+    ResumeStore &resumeStore() { return m_store; }
 
     void openFolder();
     void openPlaylist();

@@ -3,13 +3,11 @@
 #include "app/videonote.h"
 #include "menus/commanddispatcher.h"
 #include "playback/player.h"
-#include "settings/playbackprefs.h"
 
 namespace quorvel {
 
 WindowTracks::WindowTracks(Parts parts)
-    : m_store(ResumeStore::defaultPath()),
-      m_keeper(parts.engine, parts.state, m_store, [] { return LoadPlaybackPrefs(PlaybackPrefsPath()); }),
+    : m_keeper(parts.engine, parts.state, parts.store, std::move(parts.prefs)),
       m_note(new VideoNote(parts.window, parts.video))
 {
     connect(&parts.player, &Player::itemBegins, &m_keeper, &TrackKeeper::itemBegins);

@@ -3,7 +3,6 @@
 // keeps them, the Play menu's track branches of both trees wired to it, and
 // the note over the video that shows a new subtitle delay.
 
-#include "playback/resumestore.h"
 #include "playback/trackkeeper.h"
 
 #include <QObject>
@@ -30,13 +29,14 @@ public:
         Player &player;
         CommandDispatcher &dispatcher;
         playlist::FileChooser &chooser;
+        ResumeStore &store;             // shared with the position keeper
+        TrackKeeper::PrefsSource prefs; // the preferences in force
     };
     explicit WindowTracks(Parts parts);
 
     TrackKeeper &keeper() { return m_keeper; }
 
 private:
-    ResumeStore m_store;
     TrackKeeper m_keeper;
     VideoNote *m_note;
 };

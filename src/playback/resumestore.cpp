@@ -28,15 +28,6 @@ bool IsWorthResuming(qint64 positionMs, qint64 lengthMs)
 
 ResumeStore::ResumeStore(QString filePath, int capacity) : m_filePath(std::move(filePath)), m_capacity(capacity)
 {
-    // Stores of one file share their entries (see the header); the file is
-    // read when the first of them opens.
-    static QHash<QString, std::weak_ptr<Data>> open;
-    const QString name = QFileInfo(m_filePath).absoluteFilePath();
-    m_data = open.value(name).lock();
-    if (m_data)
-        return;
-    m_data = std::make_shared<Data>();
-    open.insert(name, m_data);
     load();
 }
 
@@ -54,33 +45,33 @@ QString ResumeStore::keyOf(const QString &absolutePath, qint64 size)
 
 std::optional<ResumeStore::Entry> ResumeStore::find(const QString &absolutePath, qint64 size) const
 {
-    const auto it = m_data->entries.constFind(keyOf(absolutePath, size));
-    if (it == m_data->entries.constEnd() || it->entry.positionMs <= 0)
+    const auto it = m_entries.constFind(keyOf(absolutePath, size));
+    if (it == m_entries.constEnd() || it->entry.positionMs <= 0)
         return std::nullopt;
     return it->entry;
 }
 
 std::optional<ResumeStore::TrackChoice> ResumeStore::findTracks(const QString &absolutePath, qint64 size) const
 {
-    const auto it = m_data->entries.constFind(keyOf(absolutePath, size));
-    return it == m_data->entries.constEnd() ? std::nullopt : it->tracks;
+    const auto it = m_entries.constFind(keyOf(absolutePath, size));
+    return it == m_entries.constEnd() ? std::nullopt : it->tracks;
 }
 
 ResumeStore::Stored &ResumeStore::touch(const QString &key)
 {
-    Stored &stored = m_data->entries[key];
-    stored.stamp = m_data->nextStamp++;
-    m_data->dirty = true;
-    if (m_data->entries.size() > m_capacity) {
+    Stored &stored = m_entries[key];
+    stored.stamp = m_nextStamp++;
+    m_dirty = true;
+    if (m_entries.size() > m_capacity) {
         std::vector<std::pair<qint64, QString>> byAge;
-        byAge.reserve(m_data->entries.size());
-        for (auto it = m_data->entries.cbegin(); it != m_data->entries.cend(); ++it)
+        byAge.reserve(m_entries.size());
+        for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it)
             byAge.emplace_back(it->stamp, it.key());
         std::sort(byAge.begin(), byAge.end());
-        for (std::size_t i = 0; m_data->entries.size() > m_capacity; ++i)
-            m_data->entries.remove(byAge[i].second);
+        for (std::size_t i = 0; m_entries.size() > m_capacity; ++i)
+            m_entries.remove(byAge[i].second);
     }
-    return m_data->entries[key]; // the newest entry is never the one dropped
+    return m_entries[key]; // the newest entry is never the one dropped
 }
 
 void ResumeStore::remember(const QString &absolutePath, qint64 size, Entry entry)
@@ -95,14 +86,14 @@ void ResumeStore::rememberTracks(const QString &absolutePath, qint64 size, const
 
 void ResumeStore::forget(const QString &absolutePath, qint64 size)
 {
-    const auto it = m_data->entries.find(keyOf(absolutePath, size));
-    if (it == m_data->entries.end())
+    const auto it = m_entries.find(keyOf(absolutePath, size));
+    if (it == m_entries.end())
         return;
     if (it->tracks)
         it->entry = {};
     else
-        m_data->entries.erase(it);
-    m_data->dirty = true;
+        m_entries.erase(it);
+    m_dirty = true;
 }
 
 void ResumeStore::load()
@@ -127,22 +118,22 @@ void ResumeStore::load()
         }
         if (path.isEmpty() || (s.entry.positionMs <= 0 && !s.tracks))
             continue;
-        s.stamp = m_data->nextStamp++;
-        m_data->entries.insert(keyOf(path, qint64(o.value(u"size").toDouble())), s);
+        s.stamp = m_nextStamp++;
+        m_entries.insert(keyOf(path, qint64(o.value(u"size").toDouble())), s);
     }
 }
 
 bool ResumeStore::save()
 {
-    if (!m_data->dirty)
+    if (!m_dirty)
         return true;
     std::vector<std::pair<qint64, QString>> byAge;
-    for (auto it = m_data->entries.cbegin(); it != m_data->entries.cend(); ++it)
+    for (auto it = m_entries.cbegin(); it != m_entries.cend(); ++it)
         byAge.emplace_back(it->stamp, it.key());
     std::sort(byAge.begin(), byAge.end());
     QJsonArray list;
     for (const auto &[stamp, key] : byAge) {
-        const Stored &s = m_data->entries[key];
+        const Stored &s = m_entries[key];
         QJsonObject o{{u"path"_qs, key.section(QChar(0), 0, 0)},
                       {u"size"_qs, double(key.section(QChar(0), 1).toLongLong())},
                       {u"position"_qs, double(s.entry.positionMs)},
@@ -163,7 +154,7 @@ bool ResumeStore::save()
         qCWarning(lcPlayback) << "could not write" << m_filePath << file.errorString();
         return false;
     }
-    m_data->dirty = false;
+    m_dirty = false;
     return true;
 }
 

@@ -4,9 +4,8 @@
 // replaced by another of the same name starts over. It keeps the newest 1,000
 // files and is written in one piece (a temporary file renamed over the old
 // one), so a crash or power cut leaves either the old store or the new one,
-// never half of it. Every store of one file in this process holds the same
-// entries: the position keeper and the track keeper each have one, and
-// neither undoes what the other wrote.
+// never half of it. The process has one store, which the position keeper and
+// the track keeper share.
 
 #include <QHash>
 #include <QString>
@@ -53,7 +52,7 @@ public:
     std::optional<TrackChoice> findTracks(const QString &absolutePath, qint64 size) const;
     // Stores the track choice in the file's entry, which becomes the newest.
     void rememberTracks(const QString &absolutePath, qint64 size, const TrackChoice &tracks);
-    int count() const { return static_cast<int>(m_data->entries.size()); }
+    int count() const { return static_cast<int>(m_entries.size()); }
     // Writes the store when it changed since the last write; false on failure.
     bool save();
 
@@ -63,18 +62,15 @@ private:
         std::optional<TrackChoice> tracks;
         qint64 stamp = 0; // larger = newer
     };
-    struct Data {
-        QHash<QString, Stored> entries;
-        qint64 nextStamp = 1;
-        bool dirty = false;
-    };
     static QString keyOf(const QString &absolutePath, qint64 size);
     Stored &touch(const QString &key);
     void load();
 
     QString m_filePath;
     int m_capacity;
-    std::shared_ptr<Data> m_data;
+    QHash<QString, Stored> m_entries;
+    qint64 m_nextStamp = 1;
+    bool m_dirty = false;
 };
 
 } // namespace quorvel
