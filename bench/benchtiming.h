@@ -1,7 +1,8 @@
 #pragma once
-// Timing shared by the benchmarks.
+// Timing and tool runs shared by the benchmarks.
 
 #include <QElapsedTimer>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QString>
 #include <algorithm>
@@ -51,6 +52,20 @@ inline qint64 median(std::vector<qint64> v)
         return -1;
     std::sort(v.begin(), v.end());
     return v[v.size() / 2];
+}
+
+// Runs a tool to its end, its output read and dropped; returns its exit code,
+// or -1 when it did not start or crashed.
+inline int RunTool(const QString &program, const QStringList &args)
+{
+    QProcess p;
+    p.setProcessChannelMode(QProcess::MergedChannels);
+    p.start(program, args, QIODevice::ReadOnly);
+    if (!p.waitForStarted(-1))
+        return -1;
+    p.waitForFinished(-1);
+    p.readAll();
+    return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
 }
 
 } // namespace quorvel::bench

@@ -2,13 +2,13 @@
 // the playlist adds them), as a ratio to the baseline of this same run: the
 // report command and the one-frame command of ffmpeg for each file, one file
 // after another. Prints ratios only; no absolute limit.
+#include "benchtiming.h"
 #include "media/ffmpegprobe.h"
 #include "media/processrunner.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QThreadPool>
 #include <QtConcurrent/QtConcurrentRun>
@@ -17,22 +17,7 @@
 #include <cstdio>
 
 using namespace quorvel;
-
-namespace {
-
-bool run(const QString &program, const QStringList &args)
-{
-    QProcess p;
-    p.setProcessChannelMode(QProcess::MergedChannels);
-    p.start(program, args, QIODevice::ReadOnly);
-    if (!p.waitForStarted(-1))
-        return false;
-    p.waitForFinished(-1);
-    p.readAll();
-    return p.exitStatus() == QProcess::NormalExit;
-}
-
-} // namespace
+using bench::RunTool;
 
 int main(int argc, char **argv)
 {
@@ -53,7 +38,7 @@ int main(int argc, char **argv)
                  << QStringLiteral("testsrc2=size=320x240:rate=25:duration=4");
         args << QStringLiteral("-f") << QStringLiteral("lavfi") << QStringLiteral("-i")
              << QStringLiteral("sine=duration=4") << QStringLiteral("-shortest") << master;
-        if (!run(ffmpeg, args)) {
+        if (RunTool(ffmpeg, args) != 0) {
             std::fprintf(stderr, "could not make the %s clip\n", qPrintable(kind));
             return 1;
         }
@@ -69,13 +54,13 @@ int main(int argc, char **argv)
     QElapsedTimer clock;
     clock.start();
     for (const QString &path : paths) {
-        run(ffmpeg, {QStringLiteral("-hide_banner"), QStringLiteral("-i"), path});
+        RunTool(ffmpeg, {QStringLiteral("-hide_banner"), QStringLiteral("-i"), path}); // exits 1: no output named
         if (!path.endsWith(u".mp3"))
-            run(ffmpeg,
-                {QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"),
-                 QStringLiteral("-ss"), QStringLiteral("0.4"), QStringLiteral("-i"), path, QStringLiteral("-vframes"),
-                 QStringLiteral("1"), QStringLiteral("-s"), QStringLiteral("90x68"), QStringLiteral("-f"),
-                 QStringLiteral("image2"), QStringLiteral("-y"), dir.filePath(QStringLiteral("b.jpg"))});
+            RunTool(ffmpeg, {QStringLiteral("-hide_banner"), QStringLiteral("-loglevel"), QStringLiteral("error"),
+                             QStringLiteral("-ss"), QStringLiteral("0.4"), QStringLiteral("-i"), path,
+                             QStringLiteral("-vframes"), QStringLiteral("1"), QStringLiteral("-s"),
+                             QStringLiteral("90x68"), QStringLiteral("-f"), QStringLiteral("image2"),
+                             QStringLiteral("-y"), dir.filePath(QStringLiteral("b.jpg"))});
     }
     const double baseline = double(clock.nsecsElapsed());
 

@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -21,20 +20,9 @@
 #include <random>
 
 using namespace quorvel;
+using bench::RunTool;
 
 namespace {
-
-bool run(const QString &program, const QStringList &args)
-{
-    QProcess p;
-    p.setProcessChannelMode(QProcess::MergedChannels);
-    p.start(program, args, QIODevice::ReadOnly);
-    if (!p.waitForStarted(-1))
-        return false;
-    p.waitForFinished(-1);
-    p.readAll();
-    return p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
-}
 
 // Milliseconds of the median and the 95th percentile (nearest rank).
 std::pair<double, double> spread(std::vector<double> v)
@@ -73,29 +61,10 @@ int main(int argc, char **argv)
     const QString clip = dir.filePath(QStringLiteral("clip-1080p.mp4"));
     std::printf("making the 60 s 1080p clip...\n");
     std::fflush(stdout);
-    if (!run(ffmpeg, {u"-hide_banner"_qs,
-                      u"-loglevel"_qs,
-                      u"error"_qs,
-                      u"-y"_qs,
-                      u"-f"_qs,
-                      u"lavfi"_qs,
-                      u"-i"_qs,
-                      u"testsrc2=size=1920x1080:rate=25:duration=60"_qs,
-                      u"-c:v"_qs,
-                      u"libx264"_qs,
-                      u"-preset"_qs,
-                      u"ultrafast"_qs,
-                      u"-g"_qs,
-                      u"50"_qs,
-                      u"-keyint_min"_qs,
-                      u"50"_qs,
-                      u"-sc_threshold"_qs,
-                      u"0"_qs,
-                      u"-force_key_frames"_qs,
-                      u"expr:gte(t,n_forced*2)"_qs,
-                      u"-pix_fmt"_qs,
-                      u"yuv420p"_qs,
-                      clip})) {
+    const QString make = u"-hide_banner -loglevel error -y -f lavfi -i testsrc2=size=1920x1080:rate=25:duration=60 "
+                         u"-c:v libx264 -preset ultrafast -g 50 -keyint_min 50 -sc_threshold 0 "
+                         u"-force_key_frames expr:gte(t,n_forced*2) -pix_fmt yuv420p"_qs;
+    if (RunTool(ffmpeg, make.split(u' ') << clip) != 0) {
         std::fprintf(stderr, "could not make the clip\n");
         return 1;
     }
@@ -123,9 +92,9 @@ int main(int argc, char **argv)
             ++wrong;
         QElapsedTimer t;
         t.start();
-        run(ffmpeg, {u"-hide_banner"_qs, u"-loglevel"_qs, u"error"_qs, u"-y"_qs, u"-ss"_qs,
-                     QString::number(double(ms) / 1000.0, 'f', 3), u"-i"_qs, clip, u"-frames:v"_qs, u"1"_qs, u"-f"_qs,
-                     u"image2"_qs, dir.filePath(u"out.jpg"_qs)});
+        RunTool(ffmpeg, {u"-hide_banner"_qs, u"-loglevel"_qs, u"error"_qs, u"-y"_qs, u"-ss"_qs,
+                         QString::number(double(ms) / 1000.0, 'f', 3), u"-i"_qs, clip, u"-frames:v"_qs, u"1"_qs,
+                         u"-f"_qs, u"image2"_qs, dir.filePath(u"out.jpg"_qs)});
         tool.push_back(double(t.nsecsElapsed()) / 1e6);
         std::printf("  %6lld ms: preview %7.1f ms (key frame %lld), tool %7.1f ms\n", (long long)ms, preview.back(),
                     (long long)f.keyframeMs, tool.back());
