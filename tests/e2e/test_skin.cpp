@@ -1,6 +1,6 @@
 // The skinned window as a user drives it: clicks on the painted buttons,
 // drags on the seek bar, the volume knob and the right edge, the list over
-// the video, stored sizes, and pictures of the window for a reviewer.
+// the video and stored sizes, with pictures of the window for a reviewer.
 #include "e2efixture.h"
 
 using namespace quorvel;
@@ -121,20 +121,4 @@ TEST_F(SkinTest, StoredGeometryIsKeptOnTheScreenAndMaximizeGoesBack)
     shootPlaying(*q, QStringLiteral("skin-playing-maximised.png"));
     clickAt(1280 - 53 + 11, 12); // and back
     EXPECT_TRUE(waitForSize([](QSize s) { return s == QSize(800, 600); }));
-}
-
-// The idle window and every playlist position, for a reviewer.
-TEST_F(SkinTest, PicturesForReview)
-{
-    const QString file = clip();
-    auto idle = launchInstance({});
-    shoot(QStringLiteral("skin-idle-388x515.png"), windowSize());
-    idle->close();
-    for (int code = 0; code <= 3; ++code) {
-        setConfigLine(45, QByteArray(" ") + QByteArray::number(code) + ' ');
-        auto q = launchInstance({file});
-        ASSERT_TRUE(q->waitForLog(traced(trace::kTick, u"3 time=[1-9]"_qs)).hasMatch());
-        shootPlaying(*q, QStringLiteral("skin-playing-388x515-playlist%1.png").arg(code));
-        ASSERT_TRUE(q->close());
-    }
 }

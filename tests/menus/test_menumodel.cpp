@@ -21,18 +21,6 @@ TEST(MenuModel, EveryKeyFindsItsOwnItem)
     EXPECT_EQ(m.IndexOfKey(u"NoSuchKey"_qs), -1);
 }
 
-TEST(MenuModel, ChoicesSkipDisabledItems)
-{
-    MenuModel m;
-    BuildMenu(m);
-    QList<int> clicks;
-    QObject::connect(&m, &MenuModel::MenuItemClick, [&](int p) { clicks << p; });
-    m.choose(m.IndexOfKey(u"Exit"_qs));
-    m.choose(m.IndexOfKey(u"History0"_qs)); // disabled
-    m.choose(-5);
-    EXPECT_EQ(clicks, QList<int>{m.IndexOfKey(u"Exit"_qs)});
-}
-
 TEST(MenuView, FollowsTheModelAndReportsChoices)
 {
     MenuModel m;

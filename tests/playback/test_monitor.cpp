@@ -23,18 +23,16 @@ TEST(Monitor, EndsOnRoundedSecondsButNeverOnAnUnknownLength)
     e.createControl();
     e.scriptedState = Engine::Opening;
     e.scriptedLength = e.scriptedTime = 0;
-    e.scriptedPosition = 0;
-    MonitorReading r = ReadMonitor(e);
-    EXPECT_TRUE(r.loading && !r.ended && !r.progressPercent.has_value());
+    const MonitorReading opening = ReadMonitor(e);
+    EXPECT_TRUE(opening.loading && !opening.ended && !opening.progressPercent);
 
     e.scriptedState = Engine::Playing;
     e.scriptedLength = 61400;
     e.scriptedTime = 30500;
     e.scriptedPosition = 0.125; // 12.5 -> 12
-    r = ReadMonitor(e);
-    EXPECT_FALSE(r.loading);
-    EXPECT_EQ(r.progressPercent, 12);
-    EXPECT_EQ(r.timeText, u"00:00:30 / 00:01:01"_qs);
+    const MonitorReading r = ReadMonitor(e);
+    EXPECT_EQ(std::tuple(r.loading, r.progressPercent, r.timeText),
+              std::tuple(false, std::optional(12), u"00:00:30 / 00:01:01"_qs));
 
     e.scriptedState = Engine::Ended; // the engine finished before the rounded test
     e.scriptedTime = 58000;

@@ -2,48 +2,26 @@
 
 #include "mediagen.h"
 
-#include <QElapsedTimer>
-#include <QThread>
-#include <fcntl.h>
-#include <unistd.h>
-
 namespace quorvel::test {
 
 XvfbServer::XvfbServer(int width, int height) : m_process(std::make_unique<QProcess>())
 {
-    // -displayfd lets the server pick a free display and tell us its number.
-    int fds[2];
-    if (pipe(fds) != 0)
-        return;
-    m_process->setChildProcessModifier([rfd = fds[0]] { ::close(rfd); });
+    // -displayfd 1: the server picks a free display and prints its number.
     m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process->start(QStringLiteral("Xvfb"),
-                     {QStringLiteral("-displayfd"), QString::number(fds[1]), QStringLiteral("-screen"),
-                      QStringLiteral("0"), QStringLiteral("%1x%2x24").arg(width).arg(height),
-                      QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")});
-    ::close(fds[1]);
-    if (!m_process->waitForStarted(10000)) {
-        ::close(fds[0]);
-        return;
+    m_process->start(u"Xvfb"_qs, {u"-displayfd"_qs, u"1"_qs, u"-screen"_qs, u"0"_qs,
+                                  u"%1x%2x24"_qs.arg(width).arg(height), u"-nolisten"_qs, u"tcp"_qs, u"-noreset"_qs});
+    while (!m_process->canReadLine() && m_process->waitForReadyRead(30000)) {
     }
-    QByteArray number;
-    char c;
-    while (::read(fds[0], &c, 1) == 1 && c != '\n')
-        number += c;
-    ::close(fds[0]);
+    const QByteArray number = m_process->readLine().trimmed();
     if (!number.isEmpty())
-        m_display = QStringLiteral(":") + QString::fromLatin1(number);
+        m_display = u":"_qs + QString::fromLatin1(number);
 }
 
 XvfbServer::~XvfbServer()
 {
-    if (m_process->state() != QProcess::NotRunning) {
-        m_process->terminate();
-        if (!m_process->waitForFinished(5000)) {
-            m_process->kill();
-            m_process->waitForFinished();
-        }
-    }
+    // Asked to end first; the process object kills it if it does not.
+    m_process->terminate();
+    m_process->waitForFinished(5000);
 }
 
 QProcessEnvironment XvfbServer::environment() const
