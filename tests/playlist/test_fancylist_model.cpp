@@ -1,5 +1,5 @@
-// The window-free rules of the thumbnail list: selection after removals, hit
-// test at row borders and the narrow list's rows.
+// The window-free rules of the thumbnail list: selection after removals and
+// the narrow list's rows.
 #include "playlist/fancylistmodel.h"
 
 #include <gtest/gtest.h>
@@ -52,23 +52,6 @@ TEST(FancyListModel, SelectionFollowsAddRemoveAndClear)
     m.setSelectedItem(2);
     m.Clear();
     EXPECT_EQ(std::pair(m.Count(), m.SelectedItem()), std::pair(0, -1));
-}
-
-TEST(FancyListModel, HitTestAtRowBorders)
-{
-    FancyListModel m = ModelWith(3);
-    // y, scroll, row: scrolled by 50, y 29 is pixel 79 of the list, y 30 pixel 80
-    const int cases[][3] = {{0, 0, 0},   {79, 0, 0},  {80, 0, 1},   {239, 0, 2},  {240, 0, -1},
-                            {29, 50, 0}, {30, 50, 1}, {189, 50, 2}, {190, 50, -1}};
-    for (auto [y, scroll, row] : cases)
-        EXPECT_EQ(m.hitTest(y, scroll), row) << y << " scrolled " << scroll;
-
-    // A click below the rows clears the selection; a click on a row sets it.
-    m.setSelectedItem(1);
-    EXPECT_EQ(m.clickAt(500, 0), -1);
-    EXPECT_EQ(m.SelectedItem(), -1);
-    EXPECT_EQ(m.clickAt(100, 0), 1);
-    EXPECT_EQ(m.SelectedText(), QStringLiteral("item 1"));
 }
 
 TEST(FancyListModel, NarrowListStacksTheTitleUnderThePicture)

@@ -145,6 +145,12 @@ TEST(FancyList, MouseAndWheel)
         QApplication::sendEvent(&f.list, &wheel);
         EXPECT_EQ(f.list.scrollValue(), value) << angle;
     }
+    // Scrolled to the end, a click takes the row under the pointer: y 79 is
+    // the last pixel of row 15, y 80 the first of row 16.
+    Click(f.list, QPoint(20, 79));
+    EXPECT_EQ(f.list.SelectedItem(), 15);
+    Click(f.list, QPoint(20, 80));
+    EXPECT_EQ(f.list.SelectedItem(), 16);
 }
 
 TEST(FancyList, KeysMoveTheSelectionLikeClicks)
