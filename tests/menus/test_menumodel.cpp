@@ -8,19 +8,6 @@
 
 using namespace quorvel;
 
-TEST(MenuModel, EveryKeyFindsItsOwnItem)
-{
-    MenuModel m;
-    BuildMenu(m);
-    for (int i = 0; i < m.count(); ++i) {
-        if (!m.KeyAt(i).isEmpty()) {
-            EXPECT_EQ(m.IndexOfKey(m.KeyAt(i)), i) << m.KeyAt(i).toStdString();
-        }
-    }
-    EXPECT_EQ(m.IndexOfKey(QString()), -1); // separators are never looked up
-    EXPECT_EQ(m.IndexOfKey(u"NoSuchKey"_qs), -1);
-}
-
 TEST(MenuView, FollowsTheModelAndReportsChoices)
 {
     MenuModel m;
