@@ -19,8 +19,7 @@ struct FileHost : OptionsHost {
 int control(const QString &caption)
 {
     const auto &c = OptionsModel::PlayerControls();
-    return int(std::find_if(c.begin(), c.end(), [&](const PlayerControl &p) { return p.caption == caption; })
-               - c.begin());
+    return int(std::ranges::find(c, caption, &PlayerControl::caption) - c.begin());
 }
 
 TEST(OptionsModel, StoresOnlyOnApplyOrOkAndReadsTheFileOnEveryOpen)
