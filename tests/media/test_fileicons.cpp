@@ -23,8 +23,7 @@ void writePicture(const QString &path, QColor colour, int size)
 TEST(FileIcons, ThemeIconThenHandlerIconThenTheUnknownPicture)
 {
     QTemporaryDir tmp;
-    const QString data = tmp.filePath(u"data"_qs);
-    const QString theme = data + u"/icons/hicolor/"_qs;
+    const QString data = tmp.filePath(u"data"_qs), theme = data + u"/icons/hicolor/"_qs;
     ASSERT_TRUE(test::writeFile(theme + u"index.theme"_qs,
                                 "[Icon Theme]\nName=Hicolor\nDirectories=48x48/apps,48x48/mimetypes\n"
                                 "[48x48/apps]\nSize=48\n[48x48/mimetypes]\nSize=48\n"));
@@ -33,14 +32,13 @@ TEST(FileIcons, ThemeIconThenHandlerIconThenTheUnknownPicture)
     writePicture(tmp.filePath(u"pictures/player.png"_qs), Qt::blue, 16);
     writePicture(data + u"/pixmaps/old.xpm"_qs, Qt::cyan, 32);
     writePicture(tmp.filePath(u"program/icons/Unkowen.bmp"_qs), Qt::yellow, 32);
-    const QString apps = data + u"/applications/"_qs;
-    ASSERT_TRUE(test::writeFile(apps + u"named.desktop"_qs,
-                                "[Desktop Entry]\nName=A\nIcon = player\n[Desktop Action X]\nIcon=old\n"));
-    ASSERT_TRUE(test::writeFile(apps + u"kde/path.desktop"_qs,
-                                "[Desktop Entry]\nIcon=" + tmp.filePath(u"pictures/player.png"_qs).toUtf8()));
-    ASSERT_TRUE(test::writeFile(apps + u"legacy.desktop"_qs, "[Desktop Entry]\nIcon=old\n"));
-    ASSERT_TRUE(
-        test::writeFile(apps + u"plain.desktop"_qs, "[Desktop Action X]\nIcon=player\n[Desktop Entry]\nName=B\n"));
+    const std::pair<QString, QByteArray> entries[] = {
+        {u"named.desktop"_qs, "[Desktop Entry]\nName=A\nIcon = player\n[Desktop Action X]\nIcon=old\n"},
+        {u"kde/path.desktop"_qs, "[Desktop Entry]\nIcon=" + tmp.filePath(u"pictures/player.png"_qs).toUtf8()},
+        {u"legacy.desktop"_qs, "[Desktop Entry]\nIcon=old\n"},
+        {u"plain.desktop"_qs, "[Desktop Action X]\nIcon=player\n[Desktop Entry]\nName=B\n"}};
+    for (const auto &[name, text] : entries)
+        ASSERT_TRUE(test::writeFile(data + u"/applications/"_qs + name, text));
     QIcon::setThemeSearchPaths({data + u"/icons"_qs});
     QIcon::setThemeName(u"hicolor"_qs);
 
