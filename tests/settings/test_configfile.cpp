@@ -57,9 +57,8 @@ TEST(ConfigFile, DamagedFilesGiveDefaultsAndAreRewritten)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(u"Config.cfg"_qs);
-    const QByteArray good = ConfigFile::serialize(unusualSettings());
     const QByteArray defaults = ConfigFile::serialize(DefaultSettings(kEnv));
-    const QList<QByteArray> lines = good.split('\n');
+    const QList<QByteArray> lines = ConfigFile::serialize(unusualSettings()).split('\n');
 
     // Cut after each line: every short file falls back.
     for (int keep = 0; keep < 46; ++keep) {
@@ -97,9 +96,7 @@ TEST(ConfigFile, TextsRoundTripWhateverCharactersTheyHold)
     EXPECT_TRUE(ConfigFile::serialize(unusualSettings()).startsWith("Deutsch\r\n/media/Filme und Serien/Müller\r\n"));
 
     // A hand-written unquoted comma still cuts the text and shifts the rest.
-    QByteArray cut = ConfigFile::serialize(unusualSettings());
-    cut.replace("Deutsch\r\n", "Deu,tsch\r\n");
-    EXPECT_FALSE(ConfigFile::parse(cut).has_value());
+    EXPECT_FALSE(ConfigFile::parse(ConfigFile::serialize(unusualSettings()).replace("Deutsch\r\n", "Deu,tsch\r\n")));
 }
 
 TEST(ConfigFile, EmptyDefaultFolderBecomesTheDesktopLooseNumbersAreReadAndAFailedWriteKeepsTheOldFile)
@@ -142,16 +139,11 @@ TEST(ConfigFile, ReadOnlyOrDirectoryBesideTheProgram)
         const QString beside = program + u"Config.cfg"_qs, userFile = user + u"/Config.cfg"_qs;
         QDir().mkpath(program);
         Settings mine = unusualSettings();
-        if (c.beside == Directory) {
-            QDir().mkpath(beside);
-        } else if (c.beside != None) {
-            ASSERT_TRUE(ConfigFile::write(beside, mine));
-        }
+        ASSERT_TRUE(c.beside == None
+                    || (c.beside == Directory ? QDir().mkpath(beside) : ConfigFile::write(beside, mine)));
         if (c.beside == ReadOnly)
             QFile::setPermissions(beside, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-        if (c.userSaved) {
-            ASSERT_TRUE(test::writeFile(userFile, ConfigFile::serialize(DefaultSettings(kEnv))));
-        }
+        ASSERT_TRUE(!c.userSaved || test::writeFile(userFile, ConfigFile::serialize(DefaultSettings(kEnv))));
         const ConfigLocation where = ConfigFile::locate(program, user);
         EXPECT_EQ(where.readPath, c.readsBeside ? beside : userFile) << int(c.beside) << c.userSaved;
         EXPECT_EQ(where.writePath, c.writesBeside ? beside : userFile) << int(c.beside) << c.userSaved;
