@@ -83,8 +83,7 @@ TEST(AviDelay, HandMadeFiles)
     ASSERT_EQ(ac3.size(), 3072); // two AC-3 frames of 1536 bytes: 48000 bytes a second
     ASSERT_EQ(ac3.left(2), QByteArray("\x0b\x77"));
     ASSERT_EQ(mp3.left(2), QByteArray("\xff\xfb"));
-    const QByteArray frame = ac3.left(1536);
-    const QByteArray video = chunk("00dc", QByteArray(300, '\x01'));
+    const QByteArray frame = ac3.left(1536), video = chunk("00dc", QByteArray(300, '\x01'));
     // Stream lists: AC-3 at 48,000 or 1,000 bytes a second, MPEG audio at 1,000, and a video before AC-3.
     const QByteArray ac3At48k = audioStreamList(0x2000, 48000), ac3At1k = audioStreamList(0x2000, 1000);
     const QByteArray mpegAt1k = audioStreamList(0x55, 1000), vAc3 = videoStreamList() + ac3At48k;

@@ -57,8 +57,7 @@ TEST(FrameGrabberTest, KeyFramesAreKeptBoundedAndTheNearestAnswersAtOnce)
     Answers a(g);
     // Asked time, key frame decoded; 2000 is asked again before 9000 comes,
     // so the least recently used one that goes is 4000.
-    const std::vector<std::pair<qint64, qint64>> asked{
-        {2500, 2000}, {4100, 4000}, {7999, 7000}, {2900, 2000}, {9500, 9000}};
+    const std::pair<qint64, qint64> asked[] = {{2500, 2000}, {4100, 4000}, {7999, 7000}, {2900, 2000}, {9500, 9000}};
     for (const auto &[ms, key] : asked) {
         const PreviewFrame f = grab(g, a, file, ms);
         EXPECT_EQ(f.kind, PreviewFrame::Frame) << ms;

@@ -24,16 +24,15 @@ TEST(FileStore, OddValuesRoundTripThroughTheFile)
                               QString()};
     QTemporaryDir dir;
     const QString path = dir.filePath(u"sub/registry.json"_qs);
-    int n = 0;
-    for (const QString &v : values)
-        FileStore(path).RegSetString(kKey, QString::number(n++), v);
+    for (int n = 0; n < int(std::size(values)); ++n)
+        FileStore(path).RegSetString(kKey, QString::number(n), values[n]);
     FileStore reread(path);
-    n = 0;
-    for (const QString &v : values) {
-        SCOPED_TRACE(v.toStdString());
-        EXPECT_EQ(reread.RegGetString(kKey, QString::number(n), u"missing"_qs), v);
+    for (int n = 0; n < int(std::size(values)); ++n) {
+        SCOPED_TRACE(values[n].toStdString());
+        EXPECT_EQ(reread.RegGetString(kKey, QString::number(n), u"missing"_qs), values[n]);
         // Both separators and stray slashes name the same key.
-        EXPECT_EQ(reread.RegGetString(u"/Software/Brenlow//Quorvel/RecentFileNames/"_qs, QString::number(n++)), v);
+        EXPECT_EQ(reread.RegGetString(u"/Software/Brenlow//Quorvel/RecentFileNames/"_qs, QString::number(n)),
+                  values[n]);
     }
     EXPECT_EQ(reread.RegGetString(kKey, u"99"_qs, u"missing"_qs), u"missing"_qs);
     reread.RegDeleteValueAt(kKey, u"0"_qs);
