@@ -111,8 +111,7 @@ TEST(EqualizerSettings, RoundTripBesideThePreferencesAndDamagedReadsOff)
 
 TEST(EqualizerSettings, BandLabels)
 {
-    const std::pair<double, const char *> labels[] = {{31.25, "31"}, {62.5, "63"},   {170, "170"},
-                                                      {1000, "1K"},  {1500, "1.5K"}, {16000, "16K"}};
+    const std::pair<double, const char *> labels[] = {{31.25, "31"}, {62.5, "63"}, {1000, "1K"}, {1500, "1.5K"}};
     for (const auto &[hz, label] : labels)
         EXPECT_EQ(BandLabel(hz), QString::fromLatin1(label)) << hz;
 }
