@@ -45,10 +45,7 @@ TEST(AviDelay, FilesFromFfmpeg)
     // start, even for audio that starts late: every audio delay is 0. Its
     // default MP3 settings leave the byte rate at 0, so a sync cannot become a time.
     const QString mp3 = u"-c:a libmp3lame -b:a 128k"_qs;
-    const struct {
-        QString name, args;
-        const char *want;
-    } cases[] = {
+    const std::tuple<QString, QString, const char *> cases[] = {
         {u"riff-ac3-late.avi"_qs, aviArgs(u"-c:a ac3"_qs, u"-itsoffset 0.5"_qs), "v-1 a0"},
         {u"riff-mp3.avi"_qs, aviArgs(mp3), "v-1 a0"},
         {u"riff-two-audio.avi"_qs, aviArgs(u"-map 0 -map 1 -map 1 -c:a:0 ac3 -c:a:1 libmp3lame -b:a:1 128k"_qs),
@@ -56,10 +53,10 @@ TEST(AviDelay, FilesFromFfmpeg)
         {u"riff-pcm.avi"_qs, u"-f lavfi -i sine=duration=1 -c:a pcm_s16le"_qs, "a0"},
         {u"riff-mp3-vbr.avi"_qs, aviArgs(u"-c:a libmp3lame"_qs), "fail"},
     };
-    for (const auto &c : cases) {
-        const QString path = makeMedia(c.name, c.args);
-        ASSERT_FALSE(path.isEmpty()) << c.name.toStdString();
-        EXPECT_EQ(scanText(path), QString::fromLatin1(c.want)) << c.name.toStdString();
+    for (const auto &[name, args, want] : cases) {
+        const QString path = makeMedia(name, args);
+        ASSERT_FALSE(path.isEmpty()) << name.toStdString();
+        EXPECT_EQ(scanText(path), QString::fromLatin1(want)) << name.toStdString();
     }
 
     // The same MP3 file with a start of 21 written into the audio stream
@@ -97,11 +94,7 @@ TEST(AviDelay, HandMadeFiles)
     const QByteArray whole = avi(ac3At48k, a0(junk(100) + frame) + a0(ac3.mid(1536)));
     const QByteArray lateAudio = chunk("01wb", junk(100) + frame);
 
-    const struct {
-        const char *what;
-        QByteArray file;
-        const char *want;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, const char *> cases[] = {
         // Bytes before the first sync, at the stream's byte rate, plus its start.
         {"100 bytes before AC-3: 2.08 ms", avi(vAc3, video + chunk("01wb", junk(100) + frame) + video), "v-1 a2"},
         {"MP3 at its sync, start 5 x 1152 / 48 kHz",
@@ -135,9 +128,9 @@ TEST(AviDelay, HandMadeFiles)
     };
     QTemporaryDir dir;
     const QString path = dir.filePath(u"test.avi"_qs);
-    for (const auto &c : cases) {
-        ASSERT_TRUE(writeFile(path, c.file));
-        EXPECT_EQ(scanText(path), QString::fromLatin1(c.want)) << c.what;
+    for (const auto &[what, file, want] : cases) {
+        ASSERT_TRUE(writeFile(path, file));
+        EXPECT_EQ(scanText(path), QString::fromLatin1(want)) << what;
     }
     EXPECT_EQ(scanText(dir.filePath(u"missing.avi"_qs)), u"fail"_qs);
 }

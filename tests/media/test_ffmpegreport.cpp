@@ -97,11 +97,8 @@ TEST(FfmpegReport, StreamLineFigures)
 
 TEST(FfmpegReport, RefusalsAndRefusedAudio)
 {
-    const struct {
-        QString name;
-        QString report;
-        QString reason; // empty: accepted
-    } cases[] = {
+    // File name, report, reason (empty: accepted).
+    const std::tuple<QString, QString, QString> cases[] = {
         {u"x"_qs, u"ffmpeg -i x\n/x: Invalid data found when processing input\n"_qs, kUnsupportedFormat},
         {u"x"_qs, u"Input #0\n  Duration: N/A, start: 0.000000\n"_qs, kIncompleteFile},
         {u"x"_qs, u"Input #0\n[mov] could not find codec parameters\n"_qs, kUnsupportedFormat},
@@ -116,10 +113,10 @@ TEST(FfmpegReport, RefusalsAndRefusedAudio)
          u"ffmpeg -i file:/m/Unknown format.mp3\nInput #0, mp3, from 'file:/m/Unknown format.mp3':\n  Duration: 00:00:02.00, start: 0\n  Stream #0:0: Audio: mp3, 44100 Hz, stereo, fltp, 128 kb/s\n"_qs,
          {}},
     };
-    for (const auto &c : cases) {
-        const ReportParse r = parse(c.report, c.name);
-        EXPECT_EQ(r.ok, c.reason.isEmpty()) << c.name.toStdString();
-        EXPECT_EQ(r.reason, c.reason) << c.name.toStdString();
+    for (const auto &[name, report, reason] : cases) {
+        const ReportParse r = parse(report, name);
+        EXPECT_EQ(r.ok, reason.isEmpty()) << name.toStdString();
+        EXPECT_EQ(r.reason, reason) << name.toStdString();
     }
     // A refused codec drops its stream with a message; the file goes on.
     const ReportParse r = parse(

@@ -44,12 +44,7 @@ TEST(FileIcons, ThemeIconThenHandlerIconThenTheUnknownPicture)
 
     const XdgDesktopIcons desktop({data});
     const FileIcons icons(desktop, tmp.filePath(u"program/"_qs));
-    const struct {
-        const char *type;
-        const char *handler;
-        QColor colour;
-        int size;
-    } cases[] = {
+    const std::tuple<const char *, const char *, QColor, int> cases[] = {
         {"video/x-matroska", "named.desktop", Qt::red, FileIcons::kIconFileSize},
         {"audio/mpeg", "named.desktop;other.desktop;", Qt::green, FileIcons::kProgramIconSize},
         {"audio/mpeg", "kde-path.desktop", Qt::blue, FileIcons::kProgramIconSize},
@@ -58,12 +53,12 @@ TEST(FileIcons, ThemeIconThenHandlerIconThenTheUnknownPicture)
         {"audio/mpeg", "missing.desktop", Qt::yellow, FileIcons::kIconFileSize},
         {"audio/mpeg", "-1", Qt::yellow, FileIcons::kIconFileSize},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(std::string(c.type) + " " + c.handler);
-        const QIcon icon = icons.GetProgIDIcon(QString::fromLatin1(c.type), QString::fromLatin1(c.handler));
-        ASSERT_EQ(icon.availableSizes(), QList<QSize>({QSize(c.size, c.size)}));
-        const QImage image = icon.pixmap(c.size).toImage();
-        EXPECT_EQ(image.pixelColor(c.size / 2, c.size / 2), c.colour);
+    for (const auto &[type, handler, colour, size] : cases) {
+        SCOPED_TRACE(std::string(type) + " " + handler);
+        const QIcon icon = icons.GetProgIDIcon(QString::fromLatin1(type), QString::fromLatin1(handler));
+        ASSERT_EQ(icon.availableSizes(), QList<QSize>({QSize(size, size)}));
+        const QImage image = icon.pixmap(size).toImage();
+        EXPECT_EQ(image.pixelColor(size / 2, size / 2), colour);
     }
     EXPECT_TRUE(FileIcons(desktop, tmp.filePath(u"elsewhere/"_qs)).GetProgIDIcon(u"audio/mpeg"_qs, {}).isNull());
 }
