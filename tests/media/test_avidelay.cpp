@@ -13,19 +13,16 @@ using namespace quorvel::test;
 
 namespace {
 
-QByteArray toneFrames(const char *name, const QStringList &codec)
+QByteArray toneFrames(const QString &name, const QString &codec)
 {
-    const QString path = makeMedia(QString::fromLatin1(name),
-                                   QStringList{"-f", "lavfi", "-i", "sine=frequency=440:sample_rate=48000:duration=1"}
-                                       + codec);
+    const QString path = makeMedia(name, u"-f lavfi -i sine=frequency=440:sample_rate=48000:duration=1 "_qs + codec);
     return path.isEmpty() ? QByteArray() : readFile(path);
 }
 
-QStringList aviArgs(const QStringList &audio, const QStringList &audioInput = {})
+QString aviArgs(const QString &audio, const QString &audioInput = {})
 {
-    return QStringList{"-f", "lavfi", "-i", "testsrc2=size=64x48:rate=25:duration=1"} + audioInput
-           + QStringList{"-f", "lavfi", "-i", "sine=frequency=440:sample_rate=48000:duration=1", "-c:v", "mpeg4"}
-           + audio;
+    return u"-f lavfi -i testsrc2=size=64x48:rate=25:duration=1 "_qs + audioInput
+           + u" -f lavfi -i sine=frequency=440:sample_rate=48000:duration=1 -c:v mpeg4 "_qs + audio;
 }
 
 // Delays of every stream, 'a' or 'v' per stream, or "fail".
@@ -47,24 +44,19 @@ TEST(AviDelay, FilesFromFfmpeg)
     // ffmpeg puts each audio frame in a chunk of its own and writes no stream
     // start, even for audio that starts late: every audio delay is 0. Its
     // default MP3 settings leave the byte rate at 0, so a sync cannot become a time.
-    const QStringList mp3{"-c:a", "libmp3lame", "-b:a", "128k"};
-    const struct {
-        const char *name;
-        QStringList args;
-        const char *want;
-    } cases[] = {
-        {"riff-ac3-late.avi", aviArgs({"-c:a", "ac3"}, {"-itsoffset", "0.5"}), "v-1 a0"},
-        {"riff-mp3.avi", aviArgs(mp3), "v-1 a0"},
-        {"riff-two-audio.avi",
-         aviArgs({"-map", "0", "-map", "1", "-map", "1", "-c:a:0", "ac3", "-c:a:1", "libmp3lame", "-b:a:1", "128k"}),
+    const QString mp3 = u"-c:a libmp3lame -b:a 128k"_qs;
+    const std::tuple<QString, QString, const char *> cases[] = {
+        {u"riff-ac3-late.avi"_qs, aviArgs(u"-c:a ac3"_qs, u"-itsoffset 0.5"_qs), "v-1 a0"},
+        {u"riff-mp3.avi"_qs, aviArgs(mp3), "v-1 a0"},
+        {u"riff-two-audio.avi"_qs, aviArgs(u"-map 0 -map 1 -map 1 -c:a:0 ac3 -c:a:1 libmp3lame -b:a:1 128k"_qs),
          "v-1 a0 a0"},
-        {"riff-pcm.avi", {"-f", "lavfi", "-i", "sine=duration=1", "-c:a", "pcm_s16le"}, "a0"},
-        {"riff-mp3-vbr.avi", aviArgs({"-c:a", "libmp3lame"}), "fail"},
+        {u"riff-pcm.avi"_qs, u"-f lavfi -i sine=duration=1 -c:a pcm_s16le"_qs, "a0"},
+        {u"riff-mp3-vbr.avi"_qs, aviArgs(u"-c:a libmp3lame"_qs), "fail"},
     };
-    for (const auto &c : cases) {
-        const QString path = makeMedia(QString::fromLatin1(c.name), c.args);
-        ASSERT_FALSE(path.isEmpty()) << c.name;
-        EXPECT_EQ(scanText(path), QString::fromLatin1(c.want)) << c.name;
+    for (const auto &[name, args, want] : cases) {
+        const QString path = makeMedia(name, args);
+        ASSERT_FALSE(path.isEmpty()) << name.toStdString();
+        EXPECT_EQ(scanText(path), QString::fromLatin1(want)) << name.toStdString();
     }
 
     // The same MP3 file with a start of 21 written into the audio stream
@@ -82,56 +74,47 @@ TEST(AviDelay, FilesFromFfmpeg)
 
 TEST(AviDelay, HandMadeFiles)
 {
-    const QByteArray ac3 = toneFrames("riff-tone.ac3", {"-ac", "2", "-c:a", "ac3", "-b:a", "384k"}).left(3072);
-    const QByteArray mp3 = toneFrames("riff-tone.mp3",
-                                      {"-c:a", "libmp3lame", "-b:a", "128k", "-write_xing", "0", "-id3v2_version", "0"})
-                               .left(417);
+    const QByteArray ac3 = toneFrames(u"riff-tone.ac3"_qs, u"-ac 2 -c:a ac3 -b:a 384k"_qs).left(3072);
+    const QByteArray mp3
+        = toneFrames(u"riff-tone.mp3"_qs, u"-c:a libmp3lame -b:a 128k -write_xing 0 -id3v2_version 0"_qs).left(417);
     ASSERT_EQ(ac3.size(), 3072); // two AC-3 frames of 1536 bytes: 48000 bytes a second
     ASSERT_EQ(ac3.left(2), QByteArray("\x0b\x77"));
     ASSERT_EQ(mp3.left(2), QByteArray("\xff\xfb"));
-    const QByteArray frame = ac3.left(1536);
-    const QByteArray video = chunk("00dc", QByteArray(300, '\x01'));
-    const QByteArray vAc3 = videoStreamList() + audioStreamList(0x2000, 48000);
-    const QByteArray ac3At48k = audioStreamList(0x2000, 48000);
+    const QByteArray frame = ac3.left(1536), video = chunk("00dc", QByteArray(300, '\x01'));
+    // Stream lists: AC-3 at 48,000 or 1,000 bytes a second, MPEG audio at 1,000, and a video before AC-3.
+    const QByteArray ac3At48k = audioStreamList(0x2000, 48000), ac3At1k = audioStreamList(0x2000, 1000);
+    const QByteArray mpegAt1k = audioStreamList(0x55, 1000), vAc3 = videoStreamList() + ac3At48k;
+    const auto a0 = [](const QByteArray &data) { return chunk("00wb", data); }; // audio of stream 0
     const auto with = [](QByteArray b, qsizetype at, const QByteArray &bytes) {
         return b.replace(at, bytes.size(), bytes);
     };
     QByteArray noSync;
     for (int i = 0; i < 15; ++i)
-        noSync += chunk("00wb", junk(100000));
-    const QByteArray whole = avi(ac3At48k, chunk("00wb", junk(100) + frame) + chunk("00wb", ac3.mid(1536)));
+        noSync += a0(junk(100000));
+    const QByteArray whole = avi(ac3At48k, a0(junk(100) + frame) + a0(ac3.mid(1536)));
     const QByteArray lateAudio = chunk("01wb", junk(100) + frame);
 
-    const struct {
-        const char *what;
-        QByteArray file;
-        const char *want;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, const char *> cases[] = {
         // Bytes before the first sync, at the stream's byte rate, plus its start.
         {"100 bytes before AC-3: 2.08 ms", avi(vAc3, video + chunk("01wb", junk(100) + frame) + video), "v-1 a2"},
         {"MP3 at its sync, start 5 x 1152 / 48 kHz",
          avi(videoStreamList() + audioStreamList(0x55, 16000, 1152, 48000, 5), video + chunk("01wb", mp3)), "v-1 a120"},
-        {"PCM is never searched", avi(audioStreamList(1, 48000), chunk("00wb", junk(4800))), "a0"},
+        {"PCM is never searched", avi(audioStreamList(1, 48000), a0(junk(4800))), "a0"},
         {"search goes on in the stream's next chunk",
          avi(vAc3, chunk("01wb", junk(1000)) + video + chunk("01wb", junk(10) + frame)), "v-1 a21"},
-        {"odd chunk counts its pad byte",
-         avi(audioStreamList(0x2000, 1000), chunk("00wb", junk(101)) + chunk("00wb", frame)), "a102"},
+        {"odd chunk counts its pad byte", avi(ac3At1k, a0(junk(101)) + a0(frame)), "a102"},
         // Where a sync may lie.
-        {"pair across the search's blocks",
-         avi(audioStreamList(0x2000, 1000), chunk("00wb", with(junk(70000), 65535, "\x0b\x77"))), "a65535"},
-        {"pair split between chunks", avi(ac3At48k, chunk("00wb", with(junk(64), 63, "\x0b")) + chunk("wxyz", "ab")),
-         "a-1"},
-        {"MPEG wants both low bits",
-         avi(audioStreamList(0x55, 1000), chunk("00wb", with(with(junk(40), 10, "\xff\xfa"), 20, "\xff\xf3"))), "a20"},
+        {"pair across the search's blocks", avi(ac3At1k, a0(with(junk(70000), 65535, "\x0b\x77"))), "a65535"},
+        {"pair split between chunks", avi(ac3At48k, a0(with(junk(64), 63, "\x0b")) + chunk("wxyz", "ab")), "a-1"},
+        {"MPEG wants both low bits", avi(mpegAt1k, a0(with(with(junk(40), 10, "\xff\xfa"), 20, "\xff\xf3"))), "a20"},
         // Rounding: to the even neighbour, the byte term first.
-        {"62.5 ms", avi(audioStreamList(0x2000, 2048), chunk("00wb", junk(128) + "\x0b\x77")), "a62"},
-        {"187.5 ms", avi(audioStreamList(0x2000, 2048), chunk("00wb", junk(384) + "\x0b\x77")), "a188"},
-        {"1 + 62.5 = 63.5 -> 64", avi(audioStreamList(0x2000, 1000, 1, 16, 1), chunk("00wb", junk(1) + "\x0b\x77")),
-         "a64"},
-        {"a rate of 0 is taken as 1", avi(audioStreamList(1, 1000, 2, 0, 3), chunk("00wb", junk(8))), "a6000"},
+        {"62.5 ms", avi(audioStreamList(0x2000, 2048), a0(junk(128) + "\x0b\x77")), "a62"},
+        {"187.5 ms", avi(audioStreamList(0x2000, 2048), a0(junk(384) + "\x0b\x77")), "a188"},
+        {"1 + 62.5 = 63.5 -> 64", avi(audioStreamList(0x2000, 1000, 1, 16, 1), a0(junk(1) + "\x0b\x77")), "a64"},
+        {"a rate of 0 is taken as 1", avi(audioStreamList(1, 1000, 2, 0, 3), a0(junk(8))), "a6000"},
         // Limits of the scan.
         {"1,500,000 bytes without a sync", avi(ac3At48k, noSync), "a-1"},
-        {"one chunk more: given up", avi(ac3At48k, noSync + chunk("00wb", junk(2))), "a-2"},
+        {"one chunk more: given up", avi(ac3At48k, noSync + a0(junk(2))), "a-2"},
         {"audio past byte 2,500,000",
          riff("AVI ", list("hdrl", vAc3) + chunk("JUNK", QByteArray(2'600'000, '\0')) + list("movi", lateAudio)),
          "v-1 a-1"},
@@ -145,9 +128,9 @@ TEST(AviDelay, HandMadeFiles)
     };
     QTemporaryDir dir;
     const QString path = dir.filePath(u"test.avi"_qs);
-    for (const auto &c : cases) {
-        ASSERT_TRUE(writeFile(path, c.file));
-        EXPECT_EQ(scanText(path), QString::fromLatin1(c.want)) << c.what;
+    for (const auto &[what, file, want] : cases) {
+        ASSERT_TRUE(writeFile(path, file));
+        EXPECT_EQ(scanText(path), QString::fromLatin1(want)) << what;
     }
     EXPECT_EQ(scanText(dir.filePath(u"missing.avi"_qs)), u"fail"_qs);
 }

@@ -32,8 +32,8 @@ public:
     PreviewFrame of(const QString &file, qint64 ms)
     {
         auto found = [&] {
-            return std::find_if(all.begin(), all.end(),
-                                [&](const PreviewFrame &f) { return f.file == file && f.requestedMs == ms; });
+            return std::ranges::find_if(all,
+                                        [&](const PreviewFrame &f) { return f.file == file && f.requestedMs == ms; });
         };
         EXPECT_TRUE(test::waitUntil([&] { return found() != all.end(); })) << ms;
         return found() != all.end() ? *found() : PreviewFrame{};
@@ -53,15 +53,11 @@ TEST(FrameGrabberTest, KeyFramesAreKeptBoundedAndTheNearestAnswersAtOnce)
 {
     const QString file = clip();
     ASSERT_FALSE(file.isEmpty());
-    FrameGrabber::Limits small;
-    small.files = 2;
-    small.framesPerFile = 3;
-    FrameGrabber g(small);
+    FrameGrabber g(FrameGrabber::Limits{.files = 2, .framesPerFile = 3});
     Answers a(g);
     // Asked time, key frame decoded; 2000 is asked again before 9000 comes,
     // so the least recently used one that goes is 4000.
-    const std::vector<std::pair<qint64, qint64>> asked{
-        {2500, 2000}, {4100, 4000}, {7999, 7000}, {2900, 2000}, {9500, 9000}};
+    const std::pair<qint64, qint64> asked[] = {{2500, 2000}, {4100, 4000}, {7999, 7000}, {2900, 2000}, {9500, 9000}};
     for (const auto &[ms, key] : asked) {
         const PreviewFrame f = grab(g, a, file, ms);
         EXPECT_EQ(f.kind, PreviewFrame::Frame) << ms;
@@ -111,19 +107,16 @@ TEST(FrameGrabberTest, OnlyTheLatestOfABurstIsWorkedOn)
 
 TEST(FrameGrabberTest, FilesWithoutFramesShowTheirCoverOrTheTimeAlone)
 {
-    const QString tone = u"-f lavfi -i sine=frequency=330:duration=2"_qs;
-    const QString covered = test::makeMedia(u"grabber-cover.mp3"_qs, u"-f lavfi -i testsrc2=size=120x90:duration=1 "_qs
-                                                                         + tone
-                                                                         + u" -map 1:a -map 0:v -frames:v 1 -c:v png "
-                                                                           u"-disposition:v attached_pic"_qs);
+    const QString tone = u" -f lavfi -i sine=frequency=330:duration=2"_qs;
+    const QString covered = test::makeMedia(
+        u"grabber-cover.mp3"_qs, u"-f lavfi -i testsrc2=size=120x90:duration=1"_qs + tone
+                                     + u" -map 1:a -map 0:v -frames:v 1 -c:v png -disposition:v attached_pic"_qs);
     const QString bare = test::makeMedia(u"grabber-bare.mp3"_qs, tone);
     QTemporaryDir dir;
-    const QString junk = dir.filePath(u"junk.mp4"_qs);
+    const QString junk = dir.filePath(u"junk.mp4"_qs), gone = dir.filePath(u"gone.mp4"_qs);
     ASSERT_TRUE(test::writeFile(junk, QByteArray(4096, 'x')));
-    const std::vector<std::pair<QString, PreviewFrame::Kind>> files{{covered, PreviewFrame::Cover},
-                                                                    {bare, PreviewFrame::None},
-                                                                    {junk, PreviewFrame::None},
-                                                                    {dir.filePath(u"gone.mp4"_qs), PreviewFrame::None}};
+    const auto cover = PreviewFrame::Cover, none = PreviewFrame::None;
+    const std::pair<QString, PreviewFrame::Kind> files[] = {{covered, cover}, {bare, none}, {junk, none}, {gone, none}};
     FrameGrabber g;
     Answers a(g);
     for (const auto &[file, kind] : files) {

@@ -6,6 +6,7 @@
 #include "media/ffmpegreport.h"
 #include "media/libavreader.h"
 #include "media/thumbnail.h"
+#include "support/files.h"
 #include "support/mediagen.h"
 
 #include <QDir>
@@ -49,8 +50,7 @@ QString sample(int i)
 QStringList ffprobeStreams(const QString &path, double *duration)
 {
     QString out;
-    test::runTool(u"ffprobe"_qs,
-                  {u"-v"_qs, u"error"_qs, u"-of"_qs, u"json"_qs, u"-show_streams"_qs, u"-show_format"_qs, path}, &out);
+    test::runTool(u"ffprobe"_qs, words(u"-v error -of json -show_streams -show_format"_qs) << path, &out);
     const QJsonObject truth = QJsonDocument::fromJson(out.toUtf8()).object();
     *duration = truth[u"format"_qs][u"duration"_qs].toString().toDouble();
     QStringList streams;
@@ -162,20 +162,16 @@ TEST(Probe, RefusesWhatIsNotMediaWithAReason)
 {
     QTemporaryDir dir;
     const auto write = [&dir](const QString &name, const QByteArray &bytes) {
-        QFile f(dir.filePath(name));
-        f.open(QIODevice::WriteOnly);
-        f.write(bytes);
-        return f.fileName();
+        return test::writeFile(dir.filePath(name), bytes) ? dir.filePath(name) : QString();
     };
-    QFile whole(sample(0));
-    whole.open(QIODevice::ReadOnly);
+    const QByteArray whole = test::readFile(sample(0));
     ASSERT_TRUE(QDir(dir.path()).mkpath(u"Inputs/folder.mp4"_qs));
     const QString fifo = dir.filePath(u"Inputs/clip.mp3"_qs);
     ASSERT_EQ(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
     const std::pair<QString, QString> cases[] = {
         {write(u"empty.mkv"_qs, {}), kUnsupportedFormat},
         {write(u"-notes, \"v\" é.mp4"_qs, "These are my notes, not a film.\n"), kUnsupportedFormat},
-        {write(u"cut.mp4"_qs, whole.read(whole.size() / 3)), QString()},
+        {write(u"cut.mp4"_qs, whole.left(whole.size() / 3)), QString()},
         // The word "Input" in the path must not let junk through.
         {write(u"Inputs/notes.mp4"_qs, "Input #0, mp4, from 'x':\n"), kUnsupportedFormat},
         {dir.filePath(u"missing.mp4"_qs), kFileNotFound},

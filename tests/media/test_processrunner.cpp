@@ -19,11 +19,7 @@ TEST(ProcessRunner, CopiesEveryByteInOrderAfterTheCommandLine)
         lines += "line" + QByteArray::number(i) + "\n";
     const QString marker = dir.filePath(u"pwned"_qs);
     const QString nasty = u"-x \"q\" 'a,b' $(touch "_qs + marker + u") ; touch "_qs + marker + u" ünï"_qs;
-    const struct {
-        QString program;
-        QStringList args;
-        QByteArray printed;
-    } cases[] = {
+    const std::tuple<QString, QStringList, QByteArray> cases[] = {
         // Far more than one read or one pipe buffer, then stderr: both streams, in order.
         {sh,
          {u"-c"_qs,
@@ -36,10 +32,10 @@ TEST(ProcessRunner, CopiesEveryByteInOrderAfterTheCommandLine)
         // The text is one argument; nothing in it is run.
         {ToolPath(u"printf"_qs), {u"%s"_qs, nasty}, nasty.toUtf8()},
     };
-    for (const auto &c : cases) {
-        ASSERT_TRUE(RunPiped(c.program, c.args, out));
-        EXPECT_EQ(test::readFile(out), CommandLineText(c.program, c.args).toUtf8() + "\r\n" + c.printed)
-            << c.args.join(u' ').left(60).toStdString();
+    for (const auto &[program, args, printed] : cases) {
+        ASSERT_TRUE(RunPiped(program, args, out));
+        EXPECT_EQ(test::readFile(out), CommandLineText(program, args).toUtf8() + "\r\n" + printed)
+            << args.join(u' ').left(60).toStdString();
     }
     EXPECT_FALSE(QFile::exists(marker));
     // The working folder is the one asked for.

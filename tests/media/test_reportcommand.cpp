@@ -25,23 +25,19 @@ TEST(ReportCommand, PrintsTheKeptReportOrTheRefusal)
         env.remove(name);
     // The report the playlist keeps (codec names from the maps beside the
     // program), or the reason on stderr and status 1.
-    const struct {
-        QString file;
-        int code;
-        QString out, err;
-    } cases[] = {{clip, 0, probed.mediaInfo + u'\n', {}},
-                 {text, 1, {}, u"Unsupported file format or the file is corrupted."_qs}};
-    for (const auto &c : cases) {
+    const std::tuple<QString, int, QString, QString> cases[] = {
+        {clip, 0, probed.mediaInfo + u'\n', {}},
+        {text, 1, {}, u"Unsupported file format or the file is corrupted."_qs}};
+    for (const auto &[file, code, wantOut, wantErr] : cases) {
         QProcess p;
         p.setProcessEnvironment(env);
-        p.start(test::programDir() + u"/quorvel"_qs, {u"--report"_qs, c.file});
-        ASSERT_TRUE(p.waitForFinished(-1)) << c.file.toStdString();
+        p.start(test::programDir() + u"/quorvel"_qs, {u"--report"_qs, file});
+        ASSERT_TRUE(p.waitForFinished(-1)) << file.toStdString();
         const QString out = QString::fromUtf8(p.readAllStandardOutput());
         const QString err = QString::fromUtf8(p.readAllStandardError());
-        EXPECT_EQ(std::pair(p.exitStatus(), p.exitCode()), std::pair(QProcess::NormalExit, c.code))
-            << err.toStdString();
-        EXPECT_EQ(out, c.out);
-        EXPECT_TRUE(err.contains(c.err)) << err.toStdString();
+        EXPECT_EQ(std::pair(p.exitStatus(), p.exitCode()), std::pair(QProcess::NormalExit, code)) << err.toStdString();
+        EXPECT_EQ(out, wantOut);
+        EXPECT_TRUE(err.contains(wantErr)) << err.toStdString();
     }
     EXPECT_FALSE(probed.mediaInfo.contains(u"Compression : h264"_qs)) << "codec names from the maps";
 }

@@ -4,7 +4,6 @@
 
 #include "support/files.h"
 #include <QByteArray>
-
 #include <QString>
 #include <QtEndian>
 

@@ -7,7 +7,6 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-
 using namespace quorvel;
 using namespace quorvel::test;
 
@@ -43,11 +42,7 @@ TEST(RiffParser, OddSizesListsSkippingAndCutFiles)
     const QByteArray body = chunk("abcd", "12345") + chunk("efgh", "abc") + list("test", chunk("ijkl", "x"))
                             + chunk("mnop", {}) + chunk("qrst", "zz");
     const QByteArray start = riff("AVI ", chunk("avih", QByteArray(8, '\0')));
-    const struct {
-        QByteArray file;
-        const char *skip;
-        const char *want;
-    } cases[] = {
+    const std::tuple<QByteArray, const char *, const char *> cases[] = {
         // Sizes rounded up to even, lists entered...
         {riff("TEST", body), "", "abcd:6 efgh:4 [test]:10 ijkl:2 mnop:0 qrst:2"},
         // ...or stepped over.
@@ -63,11 +58,11 @@ TEST(RiffParser, OddSizesListsSkippingAndCutFiles)
     };
     QTemporaryDir dir;
     const QString path = dir.filePath(u"odd.riff"_qs);
-    for (const auto &c : cases) {
-        ASSERT_TRUE(writeFile(path, c.file));
+    for (const auto &[file, skip, want] : cases) {
+        ASSERT_TRUE(writeFile(path, file));
         clsRIFFParser parser;
         ASSERT_TRUE(parser.OpenFile(path));
-        EXPECT_EQ(walk(parser, c.skip), QString::fromLatin1(c.want)) << c.file.left(40).toHex().constData();
+        EXPECT_EQ(walk(parser, skip), QString::fromLatin1(want)) << file.left(40).toHex().constData();
         // "eof" stays "eof".
         EXPECT_TRUE(parser.GetChunk() && parser.ItemKind() == clsRIFFParser::Item::Eof);
     }

@@ -2,7 +2,6 @@
 #include "settings/playbackprefs.h"
 #include "support/files.h"
 
-#include <QFile>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -11,44 +10,34 @@ using namespace quorvel;
 
 namespace {
 
-const QString kKey = QStringLiteral("Software\\Brenlow\\Quorvel\\RecentFileNames");
-
-struct StoreFile {
-    QTemporaryDir dir;
-    QString path = dir.filePath(QStringLiteral("sub/registry.json"));
-};
+const QString kKey = u"Software\\Brenlow\\Quorvel\\RecentFileNames"_qs;
 
 TEST(FileStore, OddValuesRoundTripThroughTheFile)
 {
-    const QString values[] = {
-        QStringLiteral("/media/a, b \"quoted\" 'single'.mkv"),
-        QStringLiteral("/x/#not a comment;nor this=that.avi"),
-        QStringLiteral("/two\nlines\r\n and\ttab.mp3"),
-        QStringLiteral("C:\\Videos\\back\\slash.wmv"),
-        QStringLiteral("@Variant(\\0) [Group] key=value"),
-        QStringLiteral("  spaces around  "),
-        QStringLiteral("/ünïcödé/ファイル.ogg"),
-        QString(),
-    };
-    StoreFile f;
-    int n = 0;
-    for (const QString &v : values)
-        FileStore(f.path).RegSetString(kKey, QString::number(n++), v);
-    FileStore reread(f.path);
-    n = 0;
-    for (const QString &v : values) {
-        SCOPED_TRACE(v.toStdString());
-        EXPECT_EQ(reread.RegGetString(kKey, QString::number(n), QStringLiteral("missing")), v);
+    const QString values[] = {u"/media/a, b \"quoted\" 'single'.mkv"_qs,
+                              u"/x/#not a comment;nor this=that.avi"_qs,
+                              u"/two\nlines\r\n and\ttab.mp3"_qs,
+                              u"C:\\Videos\\back\\slash.wmv"_qs,
+                              u"@Variant(\\0) [Group] key=value"_qs,
+                              u"  spaces around  "_qs,
+                              u"/ünïcödé/ファイル.ogg"_qs,
+                              QString()};
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"sub/registry.json"_qs);
+    for (int n = 0; n < int(std::size(values)); ++n)
+        FileStore(path).RegSetString(kKey, QString::number(n), values[n]);
+    FileStore reread(path);
+    for (int n = 0; n < int(std::size(values)); ++n) {
+        SCOPED_TRACE(values[n].toStdString());
+        EXPECT_EQ(reread.RegGetString(kKey, QString::number(n), u"missing"_qs), values[n]);
         // Both separators and stray slashes name the same key.
-        EXPECT_EQ(
-            reread.RegGetString(QStringLiteral("/Software/Brenlow//Quorvel/RecentFileNames/"), QString::number(n++)),
-            v);
+        EXPECT_EQ(reread.RegGetString(u"/Software/Brenlow//Quorvel/RecentFileNames/"_qs, QString::number(n)),
+                  values[n]);
     }
-    EXPECT_EQ(reread.RegGetString(kKey, QStringLiteral("99"), QStringLiteral("missing")), QStringLiteral("missing"));
-    reread.RegDeleteValueAt(kKey, QStringLiteral("0"));
-    EXPECT_EQ(FileStore(f.path).RegGetString(kKey, QStringLiteral("0"), QStringLiteral("gone")),
-              QStringLiteral("gone"));
-    EXPECT_EQ(FileStore(f.path).RegGetString(kKey, QStringLiteral("1")), values[1]);
+    EXPECT_EQ(reread.RegGetString(kKey, u"99"_qs, u"missing"_qs), u"missing"_qs);
+    reread.RegDeleteValueAt(kKey, u"0"_qs);
+    EXPECT_EQ(FileStore(path).RegGetString(kKey, u"0"_qs, u"gone"_qs), u"gone"_qs);
+    EXPECT_EQ(FileStore(path).RegGetString(kKey, u"1"_qs), values[1]);
 }
 
 TEST(FileStore, DamagedFileReadsAsEmptyAndIsRewritten)
@@ -61,15 +50,14 @@ TEST(FileStore, DamagedFileReadsAsEmptyAndIsRewritten)
     for (const QByteArray &content : damaged) {
         SCOPED_TRACE(content.toStdString());
         QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("registry.json"));
+        const QString path = dir.filePath(u"registry.json"_qs);
         ASSERT_TRUE(test::writeFile(path, content));
         FileStore store(path);
-        EXPECT_EQ(store.RegGetString(QStringLiteral("k"), QStringLiteral("0"), QStringLiteral("none")),
-                  QStringLiteral("none"));
-        EXPECT_EQ(store.RegGetString(kKey, QStringLiteral("0")), QString());
-        store.RegSetString(kKey, QStringLiteral("0"), QStringLiteral("/b.mkv"));
+        EXPECT_EQ(store.RegGetString(u"k"_qs, u"0"_qs, u"none"_qs), u"none"_qs);
+        EXPECT_EQ(store.RegGetString(kKey, u"0"_qs), QString());
+        store.RegSetString(kKey, u"0"_qs, u"/b.mkv"_qs);
         EXPECT_TRUE(QJsonDocument::fromJson(test::readFile(path)).isObject());
-        EXPECT_EQ(FileStore(path).RegGetString(kKey, QStringLiteral("0")), QStringLiteral("/b.mkv"));
+        EXPECT_EQ(FileStore(path).RegGetString(kKey, u"0"_qs), u"/b.mkv"_qs);
     }
 }
 
@@ -82,13 +70,9 @@ TEST(PlaybackPrefs, ChoicesRoundTripAndAnUnreadableValueKeepsTheOthers)
     QTemporaryDir dir;
     const QString path = dir.filePath(u"quorvel.conf"_qs);
     for (ResumeMode mode : {ResumeMode::Always, ResumeMode::Never, ResumeMode::Ask}) {
-        const PlaybackPrefs prefs{mode,
-                                  mode != ResumeMode::Never,
-                                  mode != ResumeMode::Always,
-                                  mode == ResumeMode::Ask ? QStringList{} : QStringList{u"ja"_qs, u"en"_qs},
-                                  {u"en"_qs},
-                                  mode == ResumeMode::Always,
-                                  static_cast<HearingImpaired>(mode)};
+        const bool always = mode == ResumeMode::Always, never = mode == ResumeMode::Never;
+        const QStringList audio = never || always ? QStringList{u"ja"_qs, u"en"_qs} : QStringList{};
+        const PlaybackPrefs prefs{mode, !never, !always, audio, {u"en"_qs}, always, static_cast<HearingImpaired>(mode)};
         ASSERT_TRUE(SavePlaybackPrefs(path, prefs));
         EXPECT_EQ(LoadPlaybackPrefs(path), prefs) << int(mode);
     }
@@ -96,16 +80,10 @@ TEST(PlaybackPrefs, ChoicesRoundTripAndAnUnreadableValueKeepsTheOthers)
     written.resume = ResumeMode::Never;
     written.folderSubfolders = written.playNextInFolder = true;
     ASSERT_TRUE(SavePlaybackPrefs(path, written));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     // A hand-edited file: an unknown word, and a list written loosely.
-    const QByteArray text = file.readAll()
-                                .replace("Resume=never", "Resume=sometimes")
-                                .replace("SubtitleLanguages=", "SubtitleLanguages=\"JA, en,,ja\"");
-    file.resize(0);
-    file.seek(0);
-    file.write(text);
-    file.close();
+    ASSERT_TRUE(test::writeFile(path, test::readFile(path)
+                                          .replace("Resume=never", "Resume=sometimes")
+                                          .replace("SubtitleLanguages=", "SubtitleLanguages=\"JA, en,,ja\"")));
     written.resume = PlaybackPrefs().resume;
     written.subtitleLanguages = {u"ja"_qs, u"en"_qs};
     EXPECT_EQ(LoadPlaybackPrefs(path), written);
