@@ -6,4 +6,4 @@ set -e
 build=${1:-build}
 command -v mpv >/dev/null || apt-get install -y --no-install-recommends mpv
 cmake --build "$build" --target bench_firstframe -j2
-exec "$build/bench/bench_firstframe" "${2:-7}"
+exec "$build/bench/firstframe/bench_firstframe" "${2:-7}"
