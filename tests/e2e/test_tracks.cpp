@@ -1,7 +1,7 @@
 // Audio tracks and subtitles with the real program and libVLC: the preferred
 // language plays, the Play menu switches tracks and moves the subtitle
-// delay, the choice comes back for the file, and a subtitle file beside a
-// clip loads by itself.
+// delay, the choice comes back for the file with its place, and a subtitle
+// file beside a clip loads by itself.
 #include "e2efixture.h"
 
 using namespace quorvel;
@@ -22,12 +22,12 @@ protected:
     {
         const QString en = subtitleFile(u"en.srt"_qs, "English"), ja = subtitleFile(u"ja.srt"_qs, "Japanese");
         const QString inputs
-            = u"-f lavfi -i testsrc2=size=320x240:duration=60 -f lavfi -i sine=frequency=440:duration=60 "
-              u"-f lavfi -i sine=frequency=660:duration=60"_qs;
+            = u"-f lavfi -i testsrc2=size=320x240:duration=90 -f lavfi -i sine=frequency=440:duration=90 "
+              u"-f lavfi -i sine=frequency=660:duration=90"_qs;
         const QString streams = u"-map 0 -map 1 -map 2 -map 3 -map 4 -c:s srt -metadata:s:a:0 language=eng "
                                 u"-metadata:s:a:0 title=Commentary -metadata:s:a:1 language=jpn "
                                 u"-metadata:s:s:0 language=eng -metadata:s:s:1 language=jpn"_qs;
-        return makeMedia(u"e2e-tracks.mkv"_qs,
+        return makeMedia(u"e2e-tracks-90s.mkv"_qs,
                          inputs.split(u' ') + QStringList{u"-i"_qs, en, u"-i"_qs, ja} + streams.split(u' '));
     }
     void writePreferences(const QByteArray &lines) { ASSERT_TRUE(writeFile(preferencesPath(), lines)); }
@@ -56,6 +56,8 @@ TEST_F(TracksTest, PreferredAudioPlaysTheMenuSwitchesAndTheFileKeepsTheChoice)
     ASSERT_TRUE(listed.hasMatch()) << q->log().toStdString();
     const QString commentary = QString::fromLatin1(trace::kAudioTrack) + u' ' + listed.captured(1) + u" \"eng\""_qs;
     ASSERT_TRUE(q->waitForLog(u"tick state=3 time=[1-9]"_qs).hasMatch());
+    keys({u"Right"_qs, u"Right"_qs, u"Right"_qs, u"Right"_qs}); // to 0:40, a place worth keeping
+    ASSERT_TRUE(q->waitForLog(u"tick state=3 time=[4-9]\\d{4}"_qs).hasMatch()) << q->log().toStdString();
     keys({u"space"_qs}); // paused, so that the pictures settle
     ASSERT_TRUE(q->waitForLog(traced(trace::kMediaControl, u" 2"_qs)).hasMatch());
 
@@ -76,8 +78,11 @@ TEST_F(TracksTest, PreferredAudioPlaysTheMenuSwitchesAndTheFileKeepsTheChoice)
     settledShot(u"tracks-subtitle-delay.png"_qs);
     ASSERT_TRUE(q->close());
 
-    // The file starts again with the user's track, not the preferred one.
+    // The file starts again at its place with the user's track, not the
+    // preferred one: both are kept in the one store, neither undoes the other.
     auto again = launchInstance({clip});
+    EXPECT_TRUE(again->waitForLog(traced(trace::kResumed, u" [3-9]\\d{4} "_qs)).hasMatch())
+        << again->log().toStdString();
     const QString kept = u" memory: audio "_qs + listed.captured(1) + u" subtitle -?\\d+ delay 200"_qs;
     ASSERT_TRUE(again->waitForLog(traced(trace::kTracksChosen, kept)).hasMatch()) << again->log().toStdString();
     ASSERT_TRUE(
