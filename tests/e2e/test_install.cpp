@@ -7,28 +7,13 @@
 using namespace quorvel;
 using namespace quorvel::test;
 
-namespace {
-
-// Runs a tool to its end; its output, or why it failed.
-QString run(const QString &program, const QStringList &args, int *exitCode)
-{
-    QProcess p;
-    p.setProcessChannelMode(QProcess::MergedChannels);
-    p.start(program, args);
-    p.waitForFinished(-1);
-    *exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    return QString::fromUtf8(p.readAll()) + p.errorString();
-}
-
-} // namespace
-
 TEST_F(E2eTest, InstalledProgramFindsItsFilesThroughItsLinkAndPlays)
 {
     const QString prefix = m_box.path(u"prefix"_qs);
-    int code = 0;
-    const QString installed = run(
-        u"cmake"_qs, {u"--install"_qs, QStringLiteral(QUORVEL_PROGRAM_DIR), u"--prefix"_qs, prefix}, &code);
-    ASSERT_EQ(code, 0) << installed.toStdString();
+    QString out;
+    ASSERT_EQ(
+        runTool(u"cmake"_qs, {u"--install"_qs, QStringLiteral(QUORVEL_PROGRAM_DIR), u"--prefix"_qs, prefix}, &out), 0)
+        << out.toStdString();
     EXPECT_TRUE(QFileInfo(prefix + u"/bin/quorvel"_qs).isSymLink());
     for (const char *file : {"/share/icons/hicolor/48x48/apps/quorvel.png", "/lib/quorvel/icons/Unkowen.bmp"})
         EXPECT_TRUE(QFile::exists(prefix + QString::fromLatin1(file))) << file;
@@ -38,10 +23,8 @@ TEST_F(E2eTest, InstalledProgramFindsItsFilesThroughItsLinkAndPlays)
     const QList<QStringList> checks{
         {u"desktop-file-validate"_qs, prefix + u"/share/applications/quorvel.desktop"_qs},
         {u"appstreamcli"_qs, u"validate"_qs, u"--no-net"_qs, prefix + u"/share/metainfo/"_qs + metainfo[0]}};
-    for (const QStringList &check : checks) {
-        const QString out = run(check[0], check.mid(1), &code);
-        EXPECT_EQ(code, 0) << out.toStdString();
-    }
+    for (const QStringList &check : checks)
+        EXPECT_EQ(runTool(check[0], check.mid(1), &out), 0) << out.toStdString();
 
     auto player = std::make_unique<QuorvelProcess>(m_box, x().display());
     player->setEnv(u"PREFIX"_qs, prefix);

@@ -64,9 +64,7 @@ TEST_F(PlayOrderTest, NoRepeatExitsWhenAskedAndTheHistoryPlaysAgainAfterRestart)
     EXPECT_TRUE(q->log().contains(QString::fromLatin1(trace::kAfterPlay) + u" 1"_qs));
     EXPECT_EQ(configLines().value(3), "0"); // still no repeat
 
-    QFile store(m_box.homeDir() + QStringLiteral("/.config/quorvel/registry.json"));
-    ASSERT_TRUE(store.open(QIODevice::ReadOnly));
-    const QJsonObject names = QJsonDocument::fromJson(store.readAll())
+    const QJsonObject names = QJsonDocument::fromJson(readFile(m_box.homeDir() + u"/.config/quorvel/registry.json"_qs))
                                   .object()
                                   .value(u"Software/Brenlow/Quorvel/RecentFileNames"_qs)
                                   .toObject();
